@@ -1,0 +1,39 @@
+#include "platform/services.h"
+
+namespace quillon {
+
+namespace {
+Services& installed() {
+    static Services services;
+    return services;
+}
+}  // namespace
+
+Services& CurrentServices() {
+    return installed();
+}
+
+Services InstallServices(const Services& services) {
+    Services previous = installed();
+    installed() = services;
+    return previous;
+}
+
+int MsgBox(const QString& prompt, int style, const QString& title) {
+    return installed().messages->MsgBox(prompt, style,
+                                        title.isEmpty() ? QStringLiteral("Quillon") : title);
+}
+
+void Beep() {
+    installed().messages->Beep();
+}
+
+QDate Today() {
+    return installed().clock->Today();
+}
+
+QDateTime Now() {
+    return installed().clock->Now();
+}
+
+}  // namespace quillon
