@@ -1,0 +1,7 @@
+#include "platform/services_gui.h"
+
+namespace quillon {
+
+void InstallDesktopServices() {}
+
+}  // namespace quillon
