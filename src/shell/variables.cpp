@@ -1,0 +1,12 @@
+#include "shell/variables.h"
+
+#include <QDir>
+
+namespace quillon {
+
+QString ClientDatabasePath() {
+    return QDir::toNativeSeparators(DatabaseFolder.at(SelectedFile) +
+                                    QStringLiteral("/QUILL020.MDB"));
+}
+
+}  // namespace quillon
