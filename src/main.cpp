@@ -1,6 +1,8 @@
+#include "shell/main_gui.h"
+
 #include <QApplication>
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
-    return 0;
+    return quillon::Main();
 }

@@ -1,0 +1,138 @@
+#include "shell/database_check.h"
+
+#include "data/data_access.h"
+#include "platform/dao.h"
+#include "platform/services.h"
+#include "shell/program_folder.h"
+#include "shell/variables.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace quillon {
+
+namespace {
+
+const QString kClientDatabase = QStringLiteral("QUILL020.MDB");
+const QString kFirstCheckCopy = QStringLiteral("BACKUP15.MDB");
+const QString kOfficeDatabase = QStringLiteral("TAXOFF2.MDB");
+const QString kDeliveredOffices = QStringLiteral("DTAXOFF2.MDB");
+const QString kDeliveredDividends = QStringLiteral("DDIV2015.MDB");
+constexpr int kFirstDividendYear = 2012;
+constexpr int kLastDividendYear = 2015;
+
+QString slotFolder() {
+    return DatabaseFolder.at(SelectedFile);
+}
+
+bool fileStands(const QString& folder, const QString& name) {
+    return QFileInfo(PathIn(folder, name)).isFile();
+}
+
+QString dividendFile(int year) {
+    return QStringLiteral("DIV%1.MDB").arg(year);
+}
+
+// The working copy lives beside the client database; the delivered one stays put.
+void placeDeliveredCopy(const QString& delivered, const QString& working) {
+    if (!fileStands(slotFolder(), working) && fileStands(ProgramFolder(), delivered)) {
+        QFile::copy(PathIn(ProgramFolder(), delivered), PathIn(slotFolder(), working));
+    }
+}
+
+bool* dividendFlag(int year) {
+    switch (year) {
+        case 2012:
+            return &Dividend2012Found;
+        case 2013:
+            return &Dividend2013Found;
+        case 2014:
+            return &Dividend2014Found;
+        default:
+            return &Dividend2015Found;
+    }
+}
+
+QString quotedTitle() {
+    return QLatin1Char('"') + DatabaseTitle.at(SelectedFile) + QLatin1Char('"');
+}
+
+void reportOpenFailure(const dao::DaoError& error) {
+    switch (error.Number()) {
+        case dao::kErrCannotOpen:
+        case dao::kErrFileNotFound:
+        case dao::kErrInvalidPath:
+            Beep();
+            MsgBox(QStringLiteral("The database ") + quotedTitle() +
+                       QStringLiteral(" is not available."),
+                   vbExclamation);
+            break;
+        case dao::kErrDamaged:
+            Beep();
+            MsgBox(QStringLiteral("The database ") + quotedTitle() +
+                       QStringLiteral(" is corrupted.") + QStringLiteral("\n\n") +
+                       QStringLiteral(
+                           "Select 'Repair database' in the 'File' menu to repair the database.") +
+                       QStringLiteral("\n\n") +
+                       QStringLiteral("Alternatively, restore your backup copy of ") +
+                       PathIn(slotFolder(), kClientDatabase),
+                   vbExclamation);
+            break;
+        default:
+            MsgBox(error.Description(), vbOKOnly);
+            break;
+    }
+}
+
+}  // namespace
+
+void FindDatabases() {
+    ClientDatabaseFound = fileStands(slotFolder(), kClientDatabase);
+    placeDeliveredCopy(kDeliveredOffices, kOfficeDatabase);
+    OfficeDatabaseFound = fileStands(slotFolder(), kOfficeDatabase);
+    placeDeliveredCopy(kDeliveredDividends, dividendFile(kLastDividendYear));
+    DividendDatabaseFound = false;
+    for (int year = kFirstDividendYear; year <= kLastDividendYear; ++year) {
+        *dividendFlag(year) = fileStands(slotFolder(), dividendFile(year));
+        DividendDatabaseFound = DividendDatabaseFound || *dividendFlag(year);
+    }
+}
+
+bool VerifyClientDatabase() {
+    const QString database = PathIn(slotFolder(), kClientDatabase);
+    const QString copy = PathIn(slotFolder(), kFirstCheckCopy);
+    // The first check in a folder leaves a copy of the file as it then was; it is
+    // never refreshed afterwards.
+    if (QFileInfo(database).isFile() && !QFileInfo::exists(copy)) {
+        QFile::copy(database, copy);
+    }
+    try {
+        dao::Database db = dao::OpenDatabase(database);
+        db.Close();
+        return true;
+    } catch (const dao::DaoError& error) {
+        reportOpenFailure(error);
+        return false;
+    }
+}
+
+void ReadUserTitle() {
+    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
+    common.SetIndex(QStringLiteral("Name"));
+    common.Seek(QStringLiteral("="), {QStringLiteral("User")});
+    UserTitle = common.NoMatch() ? QStringLiteral("User Defined")
+                                 : NullToEmpty(common.Fields(QStringLiteral("Title")));
+    common.Close();
+    db.Close();
+}
+
+QString DatabaseCaption() {
+    return QStringLiteral("Quillon - ") + DatabaseTitle.at(SelectedFile);
+}
+
+QString ProgramVersion() {
+    return QStringLiteral(QUILLON_VERSION);
+}
+
+}  // namespace quillon

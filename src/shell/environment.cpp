@@ -1,0 +1,103 @@
+#include "shell/environment.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSysInfo>
+
+namespace quillon {
+
+namespace {
+const QString kProgramFolderName = QStringLiteral("Quillon2");
+
+QString withoutTrailingSeparator(QString folder) {
+    while (folder.size() > 1 &&
+           (folder.endsWith(QLatin1Char('/')) || folder.endsWith(QLatin1Char('\\')))) {
+        folder.chop(1);
+    }
+    return QDir::toNativeSeparators(folder);
+}
+}  // namespace
+
+QString GetWindowsDir() {
+#ifdef Q_OS_WIN
+    return withoutTrailingSeparator(
+        qEnvironmentVariable("SystemRoot", QStringLiteral("C:\\Windows")));
+#else
+    // No Windows folder here: the system's scratch area stands in for it, so that
+    // the TEMP folder made at start lands somewhere harmless.
+    return withoutTrailingSeparator(QDir::tempPath());
+#endif
+}
+
+QString GetSystemDir() {
+#ifdef Q_OS_WIN
+    return GetWindowsDir() + QStringLiteral("\\System32");
+#else
+    return QStringLiteral("/usr/lib");
+#endif
+}
+
+QString WindowsVersionName(int platformId, int majorVersion, int minorVersion) {
+    if (platformId == 1) {
+        switch (minorVersion) {
+            case 0:
+                return QStringLiteral("Windows 95");
+            case 10:
+                return QStringLiteral("Windows 98");
+            case 90:
+                return QStringLiteral("Windows Millenium");
+            default:
+                return {};
+        }
+    }
+    if (platformId == 2) {
+        switch (majorVersion) {
+            case 3:
+                return QStringLiteral("Windows NT 3.51");
+            case 4:
+                return QStringLiteral("Windows NT 4.0");
+            case 5:
+                return minorVersion == 0 ? QStringLiteral("Windows 2000")
+                                         : QStringLiteral("Windows XP");
+            case 6:
+                return QStringLiteral("Windows Vista");
+            default:
+                return {};
+        }
+    }
+    return {};
+}
+
+QString GetOSName() {
+    return QSysInfo::prettyProductName();
+}
+
+QString FamilyFolderOf(const QString& programFolder) {
+    return programFolder.left(programFolder.size() - (kProgramFolderName.size() + 1));
+}
+
+InstanceLock::InstanceLock(const QString& programFolder) {
+    // One lock per machine and program folder: the name is a hash of the folder.
+    const QString canonical = QFileInfo(programFolder).absoluteFilePath();
+    const QByteArray key =
+        QCryptographicHash::hash(canonical.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    path_ = QDir(QDir::tempPath())
+                .filePath(QStringLiteral("quillon-%1.lock").arg(QString::fromLatin1(key)));
+    lock_ = std::make_unique<QLockFile>(path_);
+    // Only a dead holder frees the lock, however long a live one has run.
+    lock_->setStaleLockTime(0);
+}
+
+InstanceLock::~InstanceLock() = default;
+
+bool InstanceLock::TryLock() {
+    return lock_->isLocked() || lock_->tryLock(0);
+}
+
+QString InstanceLock::FilePath() const {
+    return path_;
+}
+
+}  // namespace quillon

@@ -1,0 +1,57 @@
+#pragma once
+// Forms are singletons: each has one instance, made on first use, which may be
+// unloaded and made again any number of times. Every form is registered here by
+// its name with a factory; the main window's commands reach forms by name, so a
+// form's command works as soon as its form is registered.
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class QMdiArea;
+class QWidget;
+
+namespace quillon {
+
+using FormFactory = std::function<QWidget*()>;
+
+// Registers the form `name`; a second registration replaces the first.
+void RegisterForm(const QString& name, FormFactory factory);
+bool IsFormRegistered(const QString& name);
+
+// The loaded instance of `name`, made now if there is none; nullptr when no
+// such form is registered.
+QWidget* LoadForm(const QString& name);
+// The loaded instance, or nullptr.
+QWidget* LoadedForm(const QString& name);
+template <typename Form>
+Form* LoadForm() {
+    return qobject_cast<Form*>(LoadForm(QString::fromLatin1(Form::kFormName)));
+}
+template <typename Form>
+Form* LoadedForm() {
+    return qobject_cast<Form*>(LoadedForm(QString::fromLatin1(Form::kFormName)));
+}
+
+// Closes the form, which saves what it holds, and discards it. False when the
+// form refuses to close; it then stays loaded.
+bool UnloadForm(const QString& name);
+
+// The forms that go before a change of database, in the order they are unloaded.
+const QStringList& UnloadOrder();
+// Unloads every form of UnloadOrder(); false when one of them refused.
+bool UnloadAllForms();
+
+// The area of the main window in which child windows open.
+void SetChildArea(QMdiArea* area);
+// The window that frames `form`: its child window in the main window, made now
+// if need be, or the form itself when the main window is not open. Move and
+// size this one.
+QWidget* ChildWindow(QWidget* form);
+// Shows `form` as a child window of the main window, in normal state.
+void ShowForm(QWidget* form);
+// Loads `name` and shows it modally; returns when it has closed.
+void ShowModal(const QString& name);
+
+}  // namespace quillon

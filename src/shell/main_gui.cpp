@@ -1,0 +1,100 @@
+#include "shell/main_gui.h"
+
+#include "platform/services.h"
+#include "platform/services_gui.h"
+#include "shell/environment.h"
+#include "shell/forms_gui.h"
+#include "shell/frmAbout.h"
+#include "shell/frmBackupWarning.h"
+#include "shell/frmBanner6.h"
+#include "shell/frmFolderManager.h"
+#include "shell/frmQuillon.h"
+#include "shell/frmTip.h"
+#include "shell/program_folder.h"
+#include "shell/variables.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <memory>
+
+// Resources of a static library must be brought in by name, outside any namespace.
+static void initShellResources() {
+    Q_INIT_RESOURCE(shell);
+}
+
+namespace quillon {
+
+namespace {
+
+template <typename Form>
+void registerForm() {
+    RegisterForm(QString::fromLatin1(Form::kFormName), [] { return new Form; });
+}
+
+// Dialogs open over the main window when it is there.
+template <typename Form>
+void registerDialog() {
+    RegisterForm(QString::fromLatin1(Form::kFormName),
+                 [] { return new Form(LoadedForm(QStringLiteral("frmQuillon"))); });
+}
+
+// The lock lives as long as the process: a crashed or killed run leaves a lock
+// whose dead holder frees it for the next start.
+std::unique_ptr<InstanceLock>& instanceLock() {
+    static std::unique_ptr<InstanceLock> lock;
+    return lock;
+}
+
+bool acquireInstanceLock() {
+    auto& lock = instanceLock();
+    if (!lock) {
+        lock = std::make_unique<InstanceLock>(ProgramFolder());
+    }
+    return lock->TryLock();
+}
+
+void noteEnvironment() {
+    WindowsFolder = GetWindowsDir();
+    SystemFolder = GetSystemDir();
+    OSName = GetOSName();
+    FamilyFolder = FamilyFolderOf(ProgramFolder());
+}
+
+}  // namespace
+
+void RegisterProgramForms() {
+    initShellResources();
+    registerForm<frmBanner6>();
+    registerForm<frmBackupWarning>();
+    registerForm<frmQuillon>();
+    registerForm<frmTip>();
+    registerDialog<frmAbout>();
+    registerDialog<frmFolderManager>();
+    // The forms of the other parts of the program are registered here as well.
+}
+
+bool StartProgram() {
+    if (!acquireInstanceLock()) {
+        Beep();
+        MsgBox(QStringLiteral("Quillon is already running"), vbOKOnly, QStringLiteral("Quillon"));
+        return false;
+    }
+    noteEnvironment();
+    // The print engine's hidden form is held for the whole run.
+    LoadForm(QStringLiteral("frmVSPrint"));
+    QDir(WindowsFolder).mkpath(QStringLiteral("TEMP"));
+    LoadForm(QString::fromLatin1(frmBanner6::kFormName))->show();
+    return true;
+}
+
+int Main() {
+    InstallDesktopServices();
+    RegisterProgramForms();
+    if (!StartProgram()) {
+        return 0;
+    }
+    return QApplication::exec();
+}
+
+}  // namespace quillon
