@@ -44,6 +44,10 @@ bool IsFormRegistered(const QString& name) {
     return registry().factories.contains(name);
 }
 
+void UnregisterForm(const QString& name) {
+    registry().factories.remove(name);
+}
+
 QWidget* LoadedForm(const QString& name) {
     return registry().loaded.value(name).data();
 }

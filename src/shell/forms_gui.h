@@ -19,6 +19,8 @@ using FormFactory = std::function<QWidget*()>;
 // Registers the form `name`; a second registration replaces the first.
 void RegisterForm(const QString& name, FormFactory factory);
 bool IsFormRegistered(const QString& name);
+// Forgets the form's factory; a loaded instance stays until it is unloaded.
+void UnregisterForm(const QString& name);
 
 // The loaded instance of `name`, made now if there is none; nullptr when no
 // such form is registered.

@@ -41,17 +41,19 @@ void registerDialog() {
 
 // The lock lives as long as the process: a crashed or killed run leaves a lock
 // whose dead holder frees it for the next start.
-std::unique_ptr<InstanceLock>& instanceLock() {
-    static std::unique_ptr<InstanceLock> lock;
-    return lock;
-}
+struct HeldLock {
+    QString folder;
+    std::unique_ptr<InstanceLock> lock;
+};
 
 bool acquireInstanceLock() {
-    auto& lock = instanceLock();
-    if (!lock) {
-        lock = std::make_unique<InstanceLock>(ProgramFolder());
+    static HeldLock held;
+    if (!held.lock || held.folder != ProgramFolder()) {
+        held.lock.reset();
+        held.folder = ProgramFolder();
+        held.lock = std::make_unique<InstanceLock>(held.folder);
     }
-    return lock->TryLock();
+    return held.lock->TryLock();
 }
 
 void noteEnvironment() {
