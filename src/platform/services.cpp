@@ -19,6 +19,21 @@ Services InstallServices(const Services& services) {
     return previous;
 }
 
+int EscapeAnswer(int style) {
+    switch (style & kMsgBoxButtonsMask) {
+        case vbOKCancel:
+        case vbYesNoCancel:
+        case vbRetryCancel:
+            return vbCancel;
+        case vbAbortRetryIgnore:
+            return vbAbort;
+        case vbYesNo:
+            return vbNo;
+        default:
+            return vbOK;
+    }
+}
+
 int MsgBox(const QString& prompt, int style, const QString& title) {
     return installed().messages->MsgBox(prompt, style,
                                         title.isEmpty() ? QStringLiteral("Quillon") : title);
