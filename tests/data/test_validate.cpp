@@ -76,6 +76,7 @@ private Q_SLOTS:
         QTest::newRow("dd/m/yy") << "12/1/03" << true;
         QTest::newRow("dd/mm/yy") << "31/12/99" << true;
         QTest::newRow("length 5") << "1/2/3" << false;
+        QTest::newRow("four-digit year, length 8") << "1/2/2003" << false;
         QTest::newRow("length 9") << "12/1/2003" << false;
         QTest::newRow("length 10") << "01/02/2003" << false;
         QTest::newRow("empty month") << "1//03" << false;
