@@ -87,8 +87,7 @@ QWidget* DialogParent() {
     return QApplication::activeWindow();
 }
 
-}  // namespace
-
+// Buttons, icon, default button and the button Escape presses.
 void ConfigureMessageBox(QMessageBox& box, int style) {
     const Buttons buttons = ButtonsOf(style);
     for (QMessageBox::StandardButton button : buttons) {
@@ -100,6 +99,8 @@ void ConfigureMessageBox(QMessageBox& box, int style) {
     box.setDefaultButton(buttons.value(defaultIndex, buttons.first()));
     box.setEscapeButton(box.button(ButtonOf(EscapeAnswer(style))));
 }
+
+}  // namespace
 
 int DesktopMessages::MsgBox(const QString& prompt, int style, const QString& title) {
     QMessageBox box(DialogParent());

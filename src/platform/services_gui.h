@@ -3,18 +3,13 @@
 
 #include "platform/services.h"
 
-class QMessageBox;
-
 namespace quillon {
 
 // Installs the real message boxes, dialogs, clipboard, clock, printer list and
 // program starter. The services live until the process ends.
 void InstallDesktopServices();
 
-// Sets up `box` for a message of `style`: its buttons, icon, default button and
-// the button Escape presses. Separate so that the mapping can be checked.
-void ConfigureMessageBox(QMessageBox& box, int style);
-
+// Each service on its own, for tests of the real thing.
 class DesktopMessages : public MessageService {
 public:
     int MsgBox(const QString& prompt, int style, const QString& title) override;
