@@ -20,14 +20,28 @@ QString NativePath(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
-// The entry of `folder` named `name` in any case, exact spelling first.
-QString EntryOnDisk(const QString& folder, const QString& name, QDir::Filters filters) {
-    const QDir dir(folder.isEmpty() ? QStringLiteral(".") : folder);
-    const QStringList entries = dir.entryList(filters | QDir::Hidden | QDir::System);
-    if (entries.contains(name)) {
+QString JoinPath(const QString& folder, const QString& name) {
+    if (folder.isEmpty() || folder.endsWith(QLatin1Char('/'))) {
+        return folder + name;
+    }
+    return folder + QLatin1Char('/') + name;
+}
+
+bool IsSpecialPart(const QString& part) {
+    return part == QLatin1String(".") || part == QLatin1String("..");
+}
+
+// The entry of `folder` named `name` in any case, the exact spelling first;
+// empty when there is none. With `filesOnly`, folders do not count.
+QString EntryOnDisk(const QString& folder, const QString& name, bool filesOnly) {
+    const QFileInfo exact(JoinPath(folder, name));
+    if (filesOnly ? exact.isFile() : exact.exists()) {
         return name;
     }
-    for (const QString& entry : entries) {
+    const QDir::Filters filters = (filesOnly ? QDir::Files : QDir::AllEntries) |
+                                  QDir::NoDotAndDotDot | QDir::Hidden | QDir::System;
+    const QDir dir(folder.isEmpty() ? QStringLiteral(".") : folder);
+    for (const QString& entry : dir.entryList(filters)) {
         if (entry.compare(name, Qt::CaseInsensitive) == 0) {
             return entry;
         }
@@ -35,28 +49,29 @@ QString EntryOnDisk(const QString& folder, const QString& name, QDir::Filters fi
     return QString();
 }
 
+// The root a path starts from: "/", a drive as "C:/", or nothing when relative.
+QString TakeRoot(QStringList& parts, const QString& internalPath) {
+    if (internalPath.startsWith(QLatin1Char('/'))) {
+        return QStringLiteral("/");
+    }
+    if (!parts.isEmpty() && parts.first().endsWith(QLatin1Char(':'))) {
+        return parts.takeFirst() + QLatin1Char('/');
+    }
+    return QString();
+}
+
 QString ResolveInternal(const QString& path) {
     const QString internal = InternalPath(path);
-    const bool absolute = internal.startsWith(QLatin1Char('/'));
-    const QStringList parts = internal.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    QString resolved = absolute ? QStringLiteral("/") : QString();
-    bool onDisk = true;
+    QStringList parts = internal.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    QString resolved = TakeRoot(parts, internal);
+    bool onDisk = true;  // once a part is missing, those below it are too
     for (const QString& part : parts) {
-        QString spelt = part;
-        const bool drive = resolved.isEmpty() && part.endsWith(QLatin1Char(':'));
-        if (drive) {
-            spelt += QLatin1Char('/');
-        } else if (onDisk && part != QLatin1String(".") && part != QLatin1String("..")) {
-            spelt = EntryOnDisk(resolved, part, QDir::AllEntries | QDir::NoDotAndDotDot);
-            onDisk = !spelt.isEmpty();
-            if (!onDisk) {
-                spelt = part;
-            }
+        QString spelt = onDisk && !IsSpecialPart(part) ? EntryOnDisk(resolved, part, false) : part;
+        if (spelt.isEmpty()) {
+            onDisk = false;
+            spelt = part;
         }
-        if (!resolved.isEmpty() && !resolved.endsWith(QLatin1Char('/'))) {
-            resolved += QLatin1Char('/');
-        }
-        resolved += spelt;
+        resolved = JoinPath(resolved, spelt);
     }
     return resolved;
 }
@@ -82,11 +97,11 @@ void RequireFolderOf(const QString& resolvedPath) {
 }  // namespace
 
 QString Dir(const QString& path) {
-    const QFileInfo info(ResolveInternal(path));
-    if (info.fileName().isEmpty() || !info.isFile()) {
+    const QFileInfo asked(InternalPath(path));
+    if (asked.fileName().isEmpty() || IsSpecialPart(asked.fileName())) {
         return QString();
     }
-    return info.fileName();
+    return EntryOnDisk(ResolveInternal(asked.path()), asked.fileName(), true);
 }
 
 QString PathOnDisk(const QString& path) {

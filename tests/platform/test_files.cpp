@@ -84,9 +84,17 @@ private Q_SLOTS:
         QCOMPARE(Dir(backslashed), QString("Preview.pdf"));
     }
 
+    void dirSkipsAFolderSpeltLikeTheFile() {
+        // Where names differ in case only, a folder must not hide the file.
+        QDir(root_.path()).mkdir("merge.txt");
+        WriteFile(At("MERGE.TXT"), "data");
+        QCOMPARE(Dir(At("Merge.txt")), QString("MERGE.TXT"));
+    }
+
     void dirInAMissingFolderIsEmpty() {
         QCOMPARE(Dir(At("Nowhere/QUILL020.MDB")), QString());
         QCOMPARE(Dir(QString()), QString());
+        QCOMPARE(Dir(At("Docs/")), QString());
     }
 
     void pathOnDiskSpellsEachComponentAsOnDisk() {
