@@ -8,7 +8,6 @@
 #include <QMessageBox>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QPushButton>
 #include <QStandardPaths>
 #include <QUrl>
 
