@@ -2,12 +2,10 @@
 
 #include "data/data_access.h"
 #include "platform/dao.h"
+#include "platform/files.h"
 #include "platform/services.h"
 #include "shell/program_folder.h"
 #include "shell/variables.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 namespace quillon {
 
@@ -25,8 +23,17 @@ QString slotFolder() {
     return DatabaseFolder.at(SelectedFile);
 }
 
+// Names are matched in any case, as the folders were first kept on such disks.
 bool fileStands(const QString& folder, const QString& name) {
-    return QFileInfo(PathIn(folder, name)).isFile();
+    return !Dir(PathIn(folder, name)).isEmpty();
+}
+
+// Copies are made quietly: a failed one only leaves its commands disabled.
+void copyQuietly(const QString& source, const QString& destination) {
+    try {
+        FileCopy(source, destination);
+    } catch (const dao::DaoError&) {
+    }
 }
 
 QString dividendFile(int year) {
@@ -36,7 +43,7 @@ QString dividendFile(int year) {
 // The working copy lives beside the client database; the delivered one stays put.
 void placeDeliveredCopy(const QString& delivered, const QString& working) {
     if (!fileStands(slotFolder(), working) && fileStands(ProgramFolder(), delivered)) {
-        QFile::copy(PathIn(ProgramFolder(), delivered), PathIn(slotFolder(), working));
+        copyQuietly(PathIn(ProgramFolder(), delivered), PathIn(slotFolder(), working));
     }
 }
 
@@ -100,14 +107,13 @@ void FindDatabases() {
 
 bool VerifyClientDatabase() {
     const QString database = PathIn(slotFolder(), kClientDatabase);
-    const QString copy = PathIn(slotFolder(), kFirstCheckCopy);
     // The first check in a folder leaves a copy of the file as it then was; it is
     // never refreshed afterwards.
-    if (QFileInfo(database).isFile() && !QFileInfo::exists(copy)) {
-        QFile::copy(database, copy);
+    if (fileStands(slotFolder(), kClientDatabase) && !fileStands(slotFolder(), kFirstCheckCopy)) {
+        copyQuietly(PathOnDisk(database), PathIn(slotFolder(), kFirstCheckCopy));
     }
     try {
-        dao::Database db = dao::OpenDatabase(database);
+        dao::Database db = dao::OpenDatabase(PathOnDisk(database));
         db.Close();
         return true;
     } catch (const dao::DaoError& error) {
@@ -117,7 +123,7 @@ bool VerifyClientDatabase() {
 }
 
 void ReadUserTitle() {
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
     dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
     common.SetIndex(QStringLiteral("Name"));
     common.Seek(QStringLiteral("="), {QStringLiteral("User")});

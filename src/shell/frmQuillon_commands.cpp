@@ -2,6 +2,7 @@
 // and the switch between database slots.
 #include "data/data_access.h"
 #include "platform/dao.h"
+#include "platform/files.h"
 #include "shell/configuration.h"
 #include "shell/database_check.h"
 #include "shell/failure_report.h"
@@ -239,7 +240,7 @@ void frmQuillon::BuildFileMenu() {
 }
 
 void frmQuillon::openDatabaseOfSlot() {
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
     dao::Recordset clients = db.OpenRecordset(QStringLiteral("Clients"));
     clients.MoveFirst();
     CurrentFirst = NullToEmpty(clients.Fields(QStringLiteral("First Names")));

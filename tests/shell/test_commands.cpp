@@ -20,8 +20,10 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QToolBar>
 #include <QtTest>
 
 using namespace quillon;

@@ -12,7 +12,9 @@
 #include <QAction>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QRandomGenerator>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QtTest>
 
@@ -22,20 +24,21 @@ using namespace quillon::testing;
 namespace {
 
 const QStringList kClientCommands = {
-    "cm3Administration", "cm3Assets",        "cm3Business",      "cm3ClientLabels",
-    "cm3ClientLetter",   "cm3ClientMerge",   "cm3Clients",       "cm3Contributions",
-    "cm3Diary",          "cm3Employment",    "cm3Personal",      "cm3User",
-    "mnuAdministration", "mnuAssets",        "mnuBusiness",      "mnuClients",
-    "mnuCompact",        "mnuRepair",        "mnuBackup",        "mnuContributions",
-    "mnuDiary",          "mnuEmployment",    "mnuLabelsClients", "mnuLetterClient",
-    "mnuMergeClients",   "mnuPersonal",      "mnuUser"};
-const QStringList kOfficeCommands = {"cm3OfficeLabels",  "cm3OfficeLetter", "cm3OfficeMerge",
-                                     "cm3Offices",       "mnuLabelsOffices", "mnuLetterOffice",
-                                     "mnuMergeOffices",  "mnuOffices"};
-const QStringList kAlwaysEnabled = {"cm3ClientRecord", "cm3Form64_8", "mnuPrintClientRecords",
-                                    "mnuForm64_8",     "mnuImport",   "mnuManager",
-                                    "mnuSettingsReports", "mnuHelpContents", "mnuHelpSearch",
-                                    "mnuHelpAbout",    "mnuExit"};
+    "cm3Administration", "cm3Assets",      "cm3Business",      "cm3ClientLabels",
+    "cm3ClientLetter",   "cm3ClientMerge", "cm3Clients",       "cm3Contributions",
+    "cm3Diary",          "cm3Employment",  "cm3Personal",      "cm3User",
+    "mnuAdministration", "mnuAssets",      "mnuBusiness",      "mnuClients",
+    "mnuCompact",        "mnuRepair",      "mnuBackup",        "mnuContributions",
+    "mnuDiary",          "mnuEmployment",  "mnuLabelsClients", "mnuLetterClient",
+    "mnuMergeClients",   "mnuPersonal",    "mnuUser"};
+const QStringList kOfficeCommands = {"cm3OfficeLabels", "cm3OfficeLetter",  "cm3OfficeMerge",
+                                     "cm3Offices",      "mnuLabelsOffices", "mnuLetterOffice",
+                                     "mnuMergeOffices", "mnuOffices"};
+const QStringList kAlwaysEnabled = {
+    "cm3ClientRecord",    "cm3Form64_8",     "mnuPrintClientRecords",
+    "mnuForm64_8",        "mnuImport",       "mnuManager",
+    "mnuSettingsReports", "mnuHelpContents", "mnuHelpSearch",
+    "mnuHelpAbout",       "mnuExit"};
 
 QStringList enabledAmong(frmQuillon* main, const QStringList& names, bool enabled) {
     QStringList found;

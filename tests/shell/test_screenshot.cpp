@@ -19,8 +19,9 @@ using namespace quillon::testing;
 namespace {
 // docs/screenshots in the source tree, found from this file's own place.
 QString screenshotFolder() {
-    return QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(
-        QStringLiteral("../../docs/screenshots"));
+    return QFileInfo(QStringLiteral(__FILE__))
+        .absoluteDir()
+        .filePath(QStringLiteral("../../docs/screenshots"));
 }
 }  // namespace
 

@@ -81,12 +81,13 @@ private Q_SLOTS:
         const QString expected =
             QStringLiteral("Your currently selected client database is in the file:\n\n") +
             folder.File(QStringLiteral("QUILL020.MDB")) +
-            QStringLiteral("\n\nYou must back up this file regularly; daily if possible.\n\n"
-                           "Now is a good time to make a backup copy of this file.\n\n"
-                           "You should retain several backup copies of this file (e.g. one for "
-                           "each day in the past week) so that you can recover a known 'good' "
-                           "version if this file ever becomes corrupt.\n\n"
-                           "Please select one of the following:");
+            QStringLiteral(
+                "\n\nYou must back up this file regularly; daily if possible.\n\n"
+                "Now is a good time to make a backup copy of this file.\n\n"
+                "You should retain several backup copies of this file (e.g. one for "
+                "each day in the past week) so that you can recover a known 'good' "
+                "version if this file ever becomes corrupt.\n\n"
+                "Please select one of the following:");
         QCOMPARE(warning->lblWarning->text(), expected);
     }
 
@@ -180,8 +181,7 @@ private Q_SLOTS:
         ProgramFolderCopy folder;
         ScriptedServices services;
         QProcess holder;
-        holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"),
-                     {folder.Path()});
+        holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"), {folder.Path()});
         QVERIFY(holder.waitForStarted());
         QTRY_VERIFY(holder.readAllStandardOutput().contains("locked"));
 
