@@ -1,3 +1,4 @@
+// basConfiguration: the settings file.
 #include "shell/configuration.h"
 
 #include "shell/program_folder.h"
@@ -5,6 +6,7 @@
 #include "shell/variables.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QHash>
@@ -31,6 +33,11 @@ struct Setting {
 
 const QString kEndOfLine = QStringLiteral("\r\n");
 QTextStream* openConfigStream = nullptr;
+
+// A name behind a folder, its leading backslash being the platform's separator.
+QString inFolder(QString name) {
+    return name.replace(QLatin1Char('\\'), QDir::separator());
+}
 
 QString numbered(const char* prefix, int n) {
     return QString::fromLatin1(prefix) + QString::number(n);
@@ -279,10 +286,11 @@ void setLetterDefaults(std::array<QString, kStandardLetters>& names,
     files[0].clear();
     for (int n = 1; n < kStandardLetters; ++n) {
         names[n] = numbered(namePrefix, n);
-        files[n] = PathIn(ProgramFolder(), numbered(filePrefix, n) + QStringLiteral(".wri"));
+        files[n] = ProgramFolder() + inFolder(numbered(filePrefix, n) + QStringLiteral(".wri"));
     }
 }
 
+// The SCREEN size of the defaults.
 QSize screenSizeInTwips() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (!screen) {
@@ -326,8 +334,8 @@ void setClientAndOfficeDefaults() {
     DiaryPage = 1;
     CurrentOfficeName = QStringLiteral("Accounts Office Cumbernauld");
     CurrentOfficeNumber = QStringLiteral("902");
-    setLetterDefaults(ClientLetter, ClientLetterFile, "Client Letter ", "CLetter");
-    setLetterDefaults(TaxOfficeLetter, TaxOfficeLetterFile, "Tax Office Letter ", "OLetter");
+    setLetterDefaults(ClientLetter, ClientLetterFile, "Client Letter ", "\\CLetter");
+    setLetterDefaults(TaxOfficeLetter, TaxOfficeLetterFile, "Tax Office Letter ", "\\OLetter");
     WordFolder.clear();
     WPFolder = QStringLiteral("C:\\Program Files\\Accessories");
     TaxYear = 2015;
@@ -414,7 +422,7 @@ void setAgentDefaults() {
 }  // namespace
 
 QString ConfigFilePath() {
-    return PathIn(ProgramFolder(), QStringLiteral("quillon.ini"));
+    return ProgramFolder() + inFolder(QStringLiteral("\\quillon.ini"));
 }
 
 void SetDefaults() {

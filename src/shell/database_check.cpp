@@ -1,3 +1,4 @@
+// Part of basDataAccess: which databases a slot holds.
 #include "shell/database_check.h"
 
 #include "data/data_access.h"
@@ -36,6 +37,7 @@ void copyQuietly(const QString& source, const QString& destination) {
     }
 }
 
+// DIV2012.MDB to DIV2015.MDB.
 QString dividendFile(int year) {
     return QStringLiteral("DIV%1.MDB").arg(year);
 }

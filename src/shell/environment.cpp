@@ -1,3 +1,4 @@
+// Part of basMain: what the program learns about its surroundings at start.
 #include "shell/environment.h"
 
 #include <QCryptographicHash>
@@ -5,6 +6,10 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSysInfo>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 namespace quillon {
 
@@ -18,12 +23,23 @@ QString withoutTrailingSeparator(QString folder) {
     }
     return QDir::toNativeSeparators(folder);
 }
+
+#ifdef Q_OS_WIN
+constexpr UINT kFolderBufferSize = 256;
+
+// The API's buffer, cut to the length it returns.
+QString folderFrom(UINT (*query)(LPSTR, UINT)) {
+    char buffer[kFolderBufferSize] = {};
+    const UINT length = query(buffer, kFolderBufferSize);
+    return withoutTrailingSeparator(
+        QString::fromLocal8Bit(buffer, length < kFolderBufferSize ? length : 0));
+}
+#endif
 }  // namespace
 
 QString GetWindowsDir() {
 #ifdef Q_OS_WIN
-    return withoutTrailingSeparator(
-        qEnvironmentVariable("SystemRoot", QStringLiteral("C:\\Windows")));
+    return folderFrom(GetWindowsDirectoryA);
 #else
     // No Windows folder here: the system's scratch area stands in for it, so that
     // the TEMP folder made at start lands somewhere harmless.
@@ -33,7 +49,7 @@ QString GetWindowsDir() {
 
 QString GetSystemDir() {
 #ifdef Q_OS_WIN
-    return GetWindowsDir() + QStringLiteral("\\System32");
+    return folderFrom(GetSystemDirectoryA);
 #else
     return QStringLiteral("/usr/lib");
 #endif
@@ -71,9 +87,23 @@ QString WindowsVersionName(int platformId, int majorVersion, int minorVersion) {
 }
 
 QString GetOSName() {
+#ifdef Q_OS_WIN
+    OSVERSIONINFOA version{};
+    version.dwOSVersionInfoSize = sizeof(version);
+    if (GetVersionExA(&version)) {
+        const QString name = WindowsVersionName(static_cast<int>(version.dwPlatformId),
+                                                static_cast<int>(version.dwMajorVersion),
+                                                static_cast<int>(version.dwMinorVersion));
+        if (!name.isEmpty()) {
+            return name;
+        }
+    }
+#endif
+    // Systems newer than the table, and other platforms, give their own name.
     return QSysInfo::prettyProductName();
 }
 
+// Len("Quillon2") + 1 characters come off, whatever the folder is called.
 QString FamilyFolderOf(const QString& programFolder) {
     return programFolder.left(programFolder.size() - (kProgramFolderName.size() + 1));
 }

@@ -30,7 +30,8 @@ QMdiSubWindow* subWindowOf(QWidget* form) {
 }
 
 void restoreCursorSoon() {
-    // A new form is painted and activated first, as the user sees it.
+    // A new form is painted and activated first, as the user sees it: the
+    // pointer comes back after its Form_Activate, whether or not it clears it.
     QTimer::singleShot(0, qApp, [] { QApplication::restoreOverrideCursor(); });
 }
 

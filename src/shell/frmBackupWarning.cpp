@@ -73,19 +73,20 @@ void frmBackupWarning::addChoice(QGridLayout* grid, QPushButton*& button, const 
     grid->addWidget(text, row, 1);
 }
 
+// clang-format off
+// Kept whole so that each sentence can be found as the user reads it.
+const char* const kRetainText = "You should retain several backup copies of this file (e.g. one for each day in the past week)";
+const char* const kRecoverText = " so that you can recover a known 'good' version if this file ever becomes corrupt.";
+// clang-format on
+
 QString frmBackupWarning::WarningText() {
     const QString gap = QStringLiteral("\n\n");
     return QStringLiteral("Your currently selected client database is in the file:") + gap +
            ClientDatabasePath() + gap +
            QStringLiteral("You must back up this file regularly; daily if possible.") + gap +
            QStringLiteral("Now is a good time to make a backup copy of this file.") + gap +
-           QStringLiteral(
-               "You should retain several backup copies of this file (e.g. one for "
-               "each day in the past week)") +
-           QStringLiteral(
-               " so that you can recover a known 'good' version if this file ever "
-               "becomes corrupt.") +
-           gap + QStringLiteral("Please select one of the following:");
+           QString::fromLatin1(kRetainText) + QString::fromLatin1(kRecoverText) + gap +
+           QStringLiteral("Please select one of the following:");
 }
 
 void frmBackupWarning::Form_Load() {

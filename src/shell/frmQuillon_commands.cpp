@@ -284,7 +284,7 @@ void frmQuillon::openSection(const QString& target) {
             return;
         }
     }
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();  // DoEvents: the unloads finish first
     if (QWidget* form = LoadForm(target)) {
         ShowForm(form);
         bringToFront(form);

@@ -1,3 +1,4 @@
+// basMain: the start of the program.
 #include "shell/main_gui.h"
 
 #include "platform/services.h"
@@ -77,6 +78,7 @@ void RegisterProgramForms() {
 }
 
 bool StartProgram() {
+    // Another instance running from this folder (App.PrevInstance) holds the lock.
     if (!acquireInstanceLock()) {
         Beep();
         MsgBox(QStringLiteral("Quillon is already running"), vbOKOnly, QStringLiteral("Quillon"));

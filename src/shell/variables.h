@@ -1,5 +1,5 @@
 #pragma once
-// The application state shared by every form and module. The program has one
+// basVariables: the application state shared by every form and module. The program has one
 // thread, so nothing guards these. The settings kept in the ConfigFile carry
 // their key in a comment; configuration.cpp reads and writes them.
 
@@ -44,6 +44,7 @@ inline QString UserTitle;
 inline qint16 ActiveSection = 0;
 inline quint8 EmploymentPage = 1;
 inline quint8 BusinessPage = 1;
+// Which of the tables `Asset 16` to `Asset 19` frmAssetsExt shows.
 inline quint8 AssetPage = 1;
 // Where the next section screen opens, in twips.
 inline qint16 SectionTop = 0;
