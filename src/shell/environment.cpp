@@ -105,7 +105,8 @@ QString GetOSName() {
 
 // Len("Quillon2") + 1 characters come off, whatever the folder is called.
 QString FamilyFolderOf(const QString& programFolder) {
-    return programFolder.left(programFolder.size() - (kProgramFolderName.size() + 1));
+    const qsizetype kept = programFolder.size() - (kProgramFolderName.size() + 1);
+    return kept > 0 ? programFolder.left(kept) : QString();
 }
 
 InstanceLock::InstanceLock(const QString& programFolder) {

@@ -94,7 +94,6 @@ private Q_SLOTS:
         registerStandIn(QStringLiteral("frmClientRecords"));
     }
     void init() {
-        SetDefaults();
         closedForms.clear();
         refusingForms.clear();
     }
@@ -106,6 +105,7 @@ private Q_SLOTS:
     void unloadAllFormsGoesInItsFixedOrder() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         LoadForm<frmQuillon>();
         QStringList reversed = UnloadOrder();
         std::reverse(reversed.begin(), reversed.end());
@@ -123,6 +123,7 @@ private Q_SLOTS:
     void showCommandsOpenTheirFormAsAChildWindow() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         main->Command("cm3Offices")->trigger();
         QWidget* offices = LoadedForm("frmOffices");
@@ -137,6 +138,7 @@ private Q_SLOTS:
     void aSectionReplacesTheOneOpenBefore() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         main->Command("cm3Personal")->trigger();
         QWidget* personal = LoadedForm("frmPersonal");
@@ -157,6 +159,7 @@ private Q_SLOTS:
     void aSectionThatCannotBeLeftKeepsTheOtherShut() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         main->Command("cm3Diary")->trigger();
         refusingForms << "frmDiary";
@@ -170,6 +173,7 @@ private Q_SLOTS:
     void dividendYearItemReopensTheDividendsOnThatYear() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         QFile::copy(folder.File("DDIV2015.MDB"), folder.File("DIV2014.MDB"));
         auto* main = LoadForm<frmQuillon>();
         main->Command("cm3Dividends")->trigger();
@@ -186,6 +190,7 @@ private Q_SLOTS:
     void clientListIsPlacedAtTheLeftAndRefreshedWhenShownAgain() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         ApplicationMaximised = false;
         ApplicationWidth = 9000;
         ApplicationHeight = 7500;
@@ -209,6 +214,7 @@ private Q_SLOTS:
     void switchingSlotsTakesTheFirstClientAndSaves() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         const QString second = folder.Sibling("Second");
         QFile::copy(folder.File("QUILL020.MDB"), second + "/QUILL020.MDB");
         DatabaseTitle[2] = QStringLiteral("Second Practice");
@@ -241,6 +247,7 @@ private Q_SLOTS:
     void folderManagerKeepsTheSelectedFolderAndCleansPaths() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         auto* manager = LoadForm<frmFolderManager>();
         QCOMPARE(manager->windowTitle(), QStringLiteral("Folder Manager"));
@@ -267,6 +274,7 @@ private Q_SLOTS:
     void folderManagerOpensModallyFromTheMenuAndCancelChangesNothing() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         folder.WriteConfig("untouched");
         clickInModal("cmdCancel", [main] { main->Command("mnuManager")->trigger(); });
@@ -278,6 +286,7 @@ private Q_SLOTS:
     void aboutBoxTellsTheVersionAndFindsNoSystemInformation() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         LoadForm<frmQuillon>();
         auto* about = LoadForm<frmAbout>();
         QCOMPARE(about->windowTitle(), QStringLiteral("About Quillon"));
@@ -296,6 +305,7 @@ private Q_SLOTS:
     void helpOpensTheUserGuide() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = LoadForm<frmQuillon>();
         main->Command("mnuHelpContents")->trigger();
         QWidget* guide = nullptr;

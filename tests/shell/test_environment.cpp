@@ -41,7 +41,8 @@ private Q_SLOTS:
     void familyFolderIsTheProgramFolderLessNineCharacters() {
         QCOMPARE(FamilyFolderOf(QStringLiteral("/opt/Corvane/Quillon2")),
                  QStringLiteral("/opt/Corvane"));
-        QCOMPARE(FamilyFolderOf(QStringLiteral("/opt/Corvane/Client")), QStringLiteral("/opt/Co"));
+        QCOMPARE(FamilyFolderOf(QStringLiteral("/opt/Corvane/Client")),
+                 QStringLiteral("/opt/Corva"));
         QCOMPARE(FamilyFolderOf(QStringLiteral("Q2")), QString());
     }
 
@@ -63,7 +64,8 @@ private Q_SLOTS:
         QProcess holder;
         holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"), {folder.path()});
         QVERIFY(holder.waitForStarted());
-        QTRY_VERIFY(holder.readAllStandardOutput().contains("locked"));
+        QByteArray output;
+        QTRY_VERIFY((output += holder.readAllStandardOutput()).contains("locked"));
         {
             InstanceLock blocked(folder.path());
             QVERIFY(!blocked.TryLock());

@@ -71,15 +71,13 @@ class TestMainWindow : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() { PrepareShellTests(); }
-    void init() {
-        SetDefaults();
-        UserTitle.clear();
-    }
+    void init() { UserTitle.clear(); }
     void cleanup() { CloseMainWindow(); }
 
     void deliveredDatabaseGivesEveryCommand() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         QVERIFY(!QFile::exists(folder.File("TAXOFF2.MDB")));
         auto* main = loadMainWindow();
         QVERIFY(main->isVisible());
@@ -110,6 +108,7 @@ private Q_SLOTS:
     void anExistingFirstCheckCopyIsNeverRefreshed() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         writeBytes(folder.File("BACKUP15.MDB"), "an old copy");
         loadMainWindow();
         QCOMPARE(fileBytes(folder.File("BACKUP15.MDB")), QByteArray("an old copy"));
@@ -118,6 +117,7 @@ private Q_SLOTS:
     void aMissingSlotFolderLeavesClientCommandsOffWithoutAWord() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         DatabaseFolder[1] = folder.Path() + QStringLiteral("/gone");
         auto* main = loadMainWindow();
         QVERIFY(main->isVisible());
@@ -134,6 +134,7 @@ private Q_SLOTS:
     void aDamagedClientDatabaseIsReportedAndTheWindowStillRuns() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         QByteArray noise(64 * 1024, '\0');
         QRandomGenerator generator(20151);
         for (char& byte : noise) {
@@ -162,6 +163,7 @@ private Q_SLOTS:
     void taxOfficesArePlacedFromTheDeliveredCopy() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         const QString slot = folder.Sibling("Practice");
         QFile::copy(folder.File("QUILL020.MDB"), slot + "/QUILL020.MDB");
         DatabaseFolder[1] = slot;
@@ -177,6 +179,7 @@ private Q_SLOTS:
     void dividendItemsFollowTheYearsPresent() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         const QString slot = folder.Sibling("Practice");
         QFile::copy(folder.File("QUILL020.MDB"), slot + "/QUILL020.MDB");
         QFile::copy(folder.File("DDIV2015.MDB"), slot + "/DIV2013.MDB");
@@ -193,6 +196,7 @@ private Q_SLOTS:
     void fileMenuTickFallsByTheCountOfFilledSlots() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         for (int n : {3, 4, 5}) {
             DatabaseTitle[n] = QStringLiteral("Slot %1").arg(n);
             DatabaseFolder[n] = folder.Path();
@@ -217,6 +221,7 @@ private Q_SLOTS:
     void anImpossibleSlotNumberIsReportedAndTheWindowStillOpens() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         SelectedFile = 99;
         services.messages.Answer(vbOK);
         auto* main = loadMainWindow();
@@ -231,6 +236,7 @@ private Q_SLOTS:
     void windowPlaceIsKeptInTwips() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         ApplicationMaximised = false;
         ApplicationTop = 1500;
         ApplicationLeft = 3000;
@@ -253,6 +259,7 @@ private Q_SLOTS:
     void exitWhileMinimisedKeepsTheLastRectangle() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         ApplicationMaximised = false;
         ApplicationTop = 150;
         ApplicationLeft = 300;
@@ -274,6 +281,7 @@ private Q_SLOTS:
     void viewItemsToggleAndSaveAtOnce() {
         ProgramFolderCopy folder;
         ScriptedServices services;
+        SetDefaults();
         auto* main = loadMainWindow();
         main->Command("mnuToolbar")->trigger();
         QVERIFY(!main->pnlToolBar->isVisible());

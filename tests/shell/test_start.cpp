@@ -183,7 +183,8 @@ private Q_SLOTS:
         QProcess holder;
         holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"), {folder.Path()});
         QVERIFY(holder.waitForStarted());
-        QTRY_VERIFY(holder.readAllStandardOutput().contains("locked"));
+        QByteArray output;
+        QTRY_VERIFY((output += holder.readAllStandardOutput()).contains("locked"));
 
         services.messages.Answer(vbOK);
         QVERIFY(!StartProgram());
