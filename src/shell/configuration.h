@@ -17,10 +17,11 @@ void SetDefaults();
 void ReadConfiguration();
 // Writes every setting, in the fixed order; a failure loses this write silently.
 void WriteConfiguration();
-// One line of the file being written by WriteConfiguration.
+// WriteConfigLine(text): one line of the file being written by WriteConfiguration.
 void WriteConfigLine(const QString& text);
 
-// Inverts `flag`, ticks `menuItem` to match and saves the file at once.
+// ToggleSetting(flag, menuItem): inverts `flag`, ticks `menuItem` to match and
+// saves the file at once, so a view toggle is on disk straight away.
 void ToggleSetting(bool& flag, QAction* menuItem);
 
 }  // namespace quillon

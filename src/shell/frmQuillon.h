@@ -43,6 +43,8 @@ public:
 
     void CheckDatabases();
     void BuildFileMenu();
+    // mnuAltFile_Click(index): makes slot `index` the selected one, unless its
+    // item is ticked already.
     void mnuAltFile_Click(int index);
     void PlaceSection();
     void PlaceClientList();

@@ -184,7 +184,8 @@ inline bool TaxOfficesUpdate = true;  // TAX OFFICES UPDATE
 // Not given a default on purpose: it keeps its initial value unless the file sets it.
 inline bool DividendsUpdate = false;  // DIVIDENDS UPDATE
 
-// The file of the client database of the selected slot.
+// The file of the client database of the selected slot: QUILL020.MDB in
+// DatabaseFolder(SelectedFile).
 QString ClientDatabasePath();
 
 }  // namespace quillon
