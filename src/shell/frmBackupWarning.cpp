@@ -42,6 +42,7 @@ frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
     layout->addWidget(lblWarning);
 
     auto* choices = new QGridLayout;
+    choices->setColumnStretch(1, 1);
     layout->addLayout(choices);
     addChoice(choices, cmdBackup, "cmdBackup", QStringLiteral("Backup"),
               QStringLiteral("Make a backup copy of your client database now."));
@@ -65,7 +66,7 @@ void frmBackupWarning::addChoice(QGridLayout* grid, QPushButton*& button, const 
     const int row = grid->rowCount();
     button = new QPushButton(caption, this);
     button->setObjectName(QString::fromLatin1(name));
-    button->setMinimumWidth(100);
+    button->setFixedWidth(110);
     auto* text = new QLabel(explanation, this);
     text->setWordWrap(true);
     text->setBuddy(button);

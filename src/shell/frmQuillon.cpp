@@ -45,13 +45,11 @@ QAction* frmQuillon::Command(const QString& name) const {
 }
 
 void frmQuillon::placeWindow() {
-    if (ApplicationMaximised) {
-        setWindowState(Qt::WindowMaximized);
-        return;
-    }
-    setWindowState(Qt::WindowNoState);
+    // A maximised window still gets its stored rectangle, to return to when the
+    // user restores it.
     move(TwipsToPixels(ApplicationLeft), TwipsToPixels(ApplicationTop));
     resize(TwipsToPixels(ApplicationWidth), TwipsToPixels(ApplicationHeight));
+    setWindowState(ApplicationMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
 void frmQuillon::Form_Load() {
