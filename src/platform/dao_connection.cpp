@@ -99,7 +99,9 @@ void ThrowEngineError(sqlite3* db, int rc, int lockError, const QString& path,
                       const QString& subject, const TableInfo* table) {
     const QString file = NativePath(path);
     const QString engineText = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc));
-    const QString what = subject.isEmpty() ? QStringLiteral("the data") : subject;
+    const QString what = !subject.isEmpty() ? subject
+                         : table            ? QStringLiteral("table '%1'").arg(table->name)
+                                            : QStringLiteral("the data");
     switch (rc & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
@@ -238,6 +240,7 @@ void Connection::ReleaseEditLock(int ticket) {
         // A commit that cannot finish must not leave the file locked; the
         // caller hears that the change was not saved.
         sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+        ++writeEpoch;
         throw;
     }
 }

@@ -1,4 +1,5 @@
 #include <QFileInfo>
+#include <QMutex>
 
 #include "platform/dao_internal.h"
 
@@ -24,11 +25,6 @@ void checkPathBeforeOpen(const QString& path) {
                                       "a folder or you may not read it.")
                            .arg(NativePath(path)));
     }
-}
-
-qint64 singleNumber(Connection& connection, const QString& sql) {
-    Query query(connection, sql, kErrCannotOpen);
-    return query.Step() ? sqlite3_column_int64(query.Statement(), 0) : 0;
 }
 
 void loadFields(Connection& connection, TableInfo& table) {
@@ -107,24 +103,68 @@ std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
 }
 
 void VerifyDatabaseFile(Connection& connection) {
-    // Inside one read transaction the header and the file size cannot change
-    // under us while another user commits.
-    connection.Exec(QStringLiteral("BEGIN"), kErrCannotOpen);
-    try {
-        singleNumber(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"));
-        const qint64 pages = singleNumber(connection, QStringLiteral("PRAGMA page_count"));
-        const qint64 pageSize = singleNumber(connection, QStringLiteral("PRAGMA page_size"));
-        if (pages == 0 || QFileInfo(connection.path).size() < pages * pageSize) {
-            throw DaoError(kErrDamaged, QStringLiteral("The file %1 is damaged or is not a "
-                                                       "database.")
-                                            .arg(NativePath(connection.path)));
-        }
-    } catch (...) {
-        sqlite3_exec(connection.db, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
+    // Reading the schema finds a foreign or damaged header; comparing the
+    // size the header claims with the file's finds a truncated file. While the
+    // statement stands on its row it holds a read lock, so no commit of
+    // another user can change either in between.
+    Query query(connection,
+                QStringLiteral("SELECT (SELECT count(*) FROM sqlite_master), page_count, page_size "
+                               "FROM pragma_page_count(), pragma_page_size()"),
+                kErrCannotOpen);
+    const bool read = query.Step();
+    const qint64 pages = read ? sqlite3_column_int64(query.Statement(), 1) : 0;
+    const qint64 pageSize = read ? sqlite3_column_int64(query.Statement(), 2) : 0;
+    if (pages == 0 || QFileInfo(connection.path).size() < pages * pageSize) {
+        throw DaoError(kErrDamaged, QStringLiteral("The file %1 is damaged or is not a database.")
+                                        .arg(NativePath(connection.path)));
     }
-    connection.Exec(QStringLiteral("COMMIT"), kErrCannotOpen);
 }
+
+namespace {
+
+// The statements that declare a table and its indexes, which fix its layout.
+// Empty when there is no such table; `actualName` gets the name as declared.
+QString declarationOf(Connection& connection, const QString& tableName, QString& actualName) {
+    Query query(connection, QStringLiteral("SELECT type, name, sql FROM sqlite_master WHERE "
+                                           "tbl_name = ?1 COLLATE NOCASE AND name NOT LIKE "
+                                           "'sqlite%' ORDER BY type DESC, name"));
+    query.Bind(1, tableName);
+    QString declaration;
+    while (query.Step()) {
+        sqlite3_stmt* row = query.Statement();
+        const QString type =
+            QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, 0)));
+        const QString name =
+            QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, 1)));
+        if (type == QLatin1String("table")) {
+            actualName = name;
+        }
+        declaration +=
+            type + QChar(0x1F) + name + QChar(0x1F) +
+            QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, 2))) +
+            QChar(0x1E);
+    }
+    return actualName.isEmpty() ? QString() : declaration;
+}
+
+// Tables already read, by declaration: every file that declares a table the
+// same way lays it out the same way, so the metadata is read once per process.
+std::shared_ptr<const TableInfo> knownLayout(const QString& declaration,
+                                             std::shared_ptr<const TableInfo> learnt = nullptr) {
+    static QMutex mutex;
+    static QHash<QString, std::shared_ptr<const TableInfo>> layouts;
+    QMutexLocker lock(&mutex);
+    if (learnt) {
+        if (layouts.size() > 1000) {
+            layouts.clear();
+        }
+        layouts.insert(declaration, learnt);
+        return learnt;
+    }
+    return layouts.value(declaration);
+}
+
+}  // namespace
 
 std::shared_ptr<const TableInfo> Connection::Table(const QString& tableName) {
     RequireOpen();
@@ -132,23 +172,23 @@ std::shared_ptr<const TableInfo> Connection::Table(const QString& tableName) {
     if (auto cached = tables.value(key)) {
         return cached;
     }
-    auto table = std::make_shared<TableInfo>();
-    {
-        Query query(*this, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND "
-                                          "name = ?1 COLLATE NOCASE AND name NOT LIKE 'sqlite%'"));
-        query.Bind(1, tableName);
-        if (!query.Step()) {
-            throw DaoError(kErrTableNotFound, QStringLiteral("The table '%1' does not exist in the "
-                                                             "database %2.")
-                                                  .arg(tableName, NativePath(path)));
-        }
-        table->name = QString::fromUtf8(
-            reinterpret_cast<const char*>(sqlite3_column_text(query.Statement(), 0)));
+    QString actualName;
+    const QString declaration = declarationOf(*this, tableName, actualName);
+    if (declaration.isEmpty()) {
+        throw DaoError(kErrTableNotFound,
+                       QStringLiteral("The table '%1' does not exist in the database %2.")
+                           .arg(tableName, NativePath(path)));
     }
-    loadFields(*this, *table);
-    loadIndexes(*this, *table);
-    tables.insert(key, table);
-    return table;
+    std::shared_ptr<const TableInfo> known = knownLayout(declaration);
+    if (!known) {
+        auto table = std::make_shared<TableInfo>();
+        table->name = actualName;
+        loadFields(*this, *table);
+        loadIndexes(*this, *table);
+        known = knownLayout(declaration, table);
+    }
+    tables.insert(key, known);
+    return known;
 }
 
 Database::Database() = default;
@@ -223,7 +263,7 @@ Recordset Database::OpenRecordset(const QString& tableName, int type, int option
     state->connection = connection_;
     state->table = connection_->Table(tableName);
     state->readOnly = (options & dbReadOnly) != 0;
-    state->Start();
+    state->startPending = true;
     return Recordset(std::move(state));
 }
 
@@ -233,6 +273,7 @@ void Database::Execute(const QString& sql) {
     }
     connection_->RequireOpen();
     connection_->ApplyLockTimeout();
+    ++connection_->writeEpoch;
     sqlite3* db = connection_->db;
     const QByteArray text = sql.toUtf8();
     const char* next = text.constData();
@@ -313,6 +354,7 @@ void Database::Rollback() {
     }
     --connection.userTransactionDepth;
     connection.ForgetTables();
+    ++connection.writeEpoch;
 }
 
 }  // namespace quillon::dao

@@ -165,11 +165,13 @@ void RecordsetState::EndEditQuietly() noexcept {
     }
 }
 
-QVariant RecordsetState::FieldValue(int ordinal) const {
+QVariant RecordsetState::FieldValue(int ordinal) {
     if (editMode != dbEditNone) {
         RequireOpen();
         return buffer[ordinal];
     }
+    RequireOpen();
+    Settle();
     RequireCurrentRow();
     return values[ordinal];
 }
@@ -192,6 +194,8 @@ RecordsetState& writableState(const std::unique_ptr<RecordsetState>& state) {
         throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset is not open."));
     }
     state->RequireWritable();
+    // A new row must not shift a position that was left to be read later.
+    state->Settle();
     return *state;
 }
 
@@ -224,6 +228,7 @@ void insertRow(RecordsetState& state) {
     for (int i = 0; i < binds.size(); ++i) {
         query.Bind(i + 1, binds[i]);
     }
+    ++connection.writeEpoch;
     query.Run(QStringLiteral("a new row of table '%1'").arg(table.name), &table);
 }
 
@@ -251,6 +256,7 @@ bool updateRow(RecordsetState& state) {
         query.Bind(i + 1, binds[i]);
     }
     query.Bind(int(binds.size()) + 1, state.rowid);
+    ++connection.writeEpoch;
     query.Run(tableSubject(table), &table);
     return sqlite3_changes(connection.db) > 0;
 }
@@ -356,6 +362,7 @@ void Recordset::Delete() {
                     QStringLiteral(" WHERE rowid = ?1"),
                 kErrUpdateLocked);
     query.Bind(1, state.rowid);
+    ++connection.writeEpoch;
     query.Run(tableSubject(table), &table);
     // The deleted row's keys stay as the cursor, so that a move goes on from there.
     state.hasRow = false;

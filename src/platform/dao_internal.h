@@ -12,6 +12,8 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -60,6 +62,9 @@ struct Connection {
     int lastTicket = 0;
     QHash<QString, sqlite3_stmt*> statements;
     QHash<QString, std::shared_ptr<const TableInfo>> tables;  // by case-folded name
+    // Counts this connection's writes and rollbacks, so that rows read ahead
+    // before one of them are known to be out of date.
+    quint64 writeEpoch = 0;
 
     ~Connection();
     void Close();
@@ -122,6 +127,8 @@ struct RecordsetState {
     bool readOnly = false;
     const IndexInfo* index = nullptr;  // points into `table`, which it keeps alive
     bool closed = false;
+    // The recordset stands on its first row, which is read when first needed.
+    bool startPending = false;
 
     // Position. `cursorValid` means `rowid` and `values` describe a reference
     // row: the current one, or the one just deleted.
@@ -132,6 +139,19 @@ struct RecordsetState {
     bool cursorValid = false;
     qint64 rowid = 0;
     QVariantList values;
+    // Positioning statements already composed for the current index.
+    QHash<int, QString> sqlByShape;
+
+    // Rows that follow the current one, read with it so that a walk with
+    // MoveNext does not pay for a query per row. They serve only a MoveNext
+    // that comes soon after and with no write of ours in between.
+    struct RowAhead {
+        qint64 rowid;
+        QVariantList values;
+    };
+    std::deque<RowAhead> ahead;
+    quint64 aheadEpoch = 0;
+    std::chrono::steady_clock::time_point aheadReadAt;
 
     // Edit buffer.
     int editMode = dbEditNone;
@@ -147,16 +167,19 @@ struct RecordsetState {
 
     // Reads the row at `statement`'s current step (rowid first, then the fields).
     void TakeRow(sqlite3_stmt* statement);
+    QVariantList RowValues(sqlite3_stmt* statement) const;
+    bool TakeRowAhead();  // false when no fresh row ahead is there
     void SetBeforeFirst(bool emptyToo);
     void SetAfterLast(bool emptyToo);
     void SetNowhere();
     QVariantList KeyValues() const;  // the reference row's index key values
 
     void Start();    // stands on the first row, or at BOF and EOF when there is none
+    void Settle();   // runs a pending Start
     void EndEdit();  // drops the edit buffer and any Edit lock
     void EndEditQuietly() noexcept;
     bool RereadCurrentRow();
-    QVariant FieldValue(int ordinal) const;
+    QVariant FieldValue(int ordinal);
     void SetFieldValue(int ordinal, const QVariant& value);
 };
 

@@ -12,6 +12,11 @@ namespace {
 
 enum class Direction { Forward, Backward };
 
+// How many rows a MoveNext reads at once, and how long those read ahead may
+// stand for the file's contents before they are read again.
+constexpr int kRowsReadAhead = 32;
+constexpr std::chrono::milliseconds kReadAheadLifetime{500};
+
 std::vector<int> keyColumns(const RecordsetState& state) {
     return state.index ? state.index->columns : std::vector<int>{};
 }
@@ -26,23 +31,39 @@ QString orderBy(const RecordsetState& state, Direction direction) {
     return parts.join(QStringLiteral(", "));
 }
 
-// Reads the first row that `where` selects in `direction`; false when there is none.
-bool fetchRow(RecordsetState& state, const QStringList& where, const QVariantList& binds,
-              Direction direction) {
+QString selectSql(const RecordsetState& state, const QStringList& where, Direction direction) {
     QString sql = QStringLiteral("SELECT rowid, * FROM ") + QuotedName(state.table->name);
     if (!where.isEmpty()) {
         sql += QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND "));
     }
-    sql += QStringLiteral(" ORDER BY ") + orderBy(state, direction) + QStringLiteral(" LIMIT 1");
+    return sql + QStringLiteral(" ORDER BY ") + orderBy(state, direction) +
+           QStringLiteral(" LIMIT 1");
+}
+
+// Reads the first row that `sql` selects; false when there is none. Further
+// rows that it selects are kept as the rows ahead.
+bool fetchWith(RecordsetState& state, const QString& sql, const QVariantList& binds) {
     Query query(state.Conn(), sql);
     for (int i = 0; i < binds.size(); ++i) {
         query.Bind(i + 1, binds[i]);
     }
-    if (!query.Step(QStringLiteral("table '%1'").arg(state.table->name))) {
+    state.ahead.clear();
+    if (!query.Step(QString(), state.table.get())) {
         return false;
     }
     state.TakeRow(query.Statement());
+    while (query.Step(QString(), state.table.get())) {
+        state.ahead.push_back(
+            {sqlite3_column_int64(query.Statement(), 0), state.RowValues(query.Statement())});
+    }
+    state.aheadEpoch = state.connection->writeEpoch;
+    state.aheadReadAt = std::chrono::steady_clock::now();
     return true;
+}
+
+bool fetchRow(RecordsetState& state, const QStringList& where, const QVariantList& binds,
+              Direction direction) {
+    return fetchWith(state, selectSql(state, where, direction), binds);
 }
 
 // Conditions that the first `count` key fields equal `keys`.
@@ -74,24 +95,35 @@ bool allPresent(const QVariantList& keys) {
 // first, are rightly left out.
 bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys,
                             std::optional<qint64> rowid, bool inclusive) {
-    const std::vector<int> columns = keyColumns(state);
-    QStringList left;
-    QStringList marks;
     QVariantList binds = keys;
-    for (int i = 0; i < keys.size(); ++i) {
-        left << state.table->quotedFields[columns[i]];
-        marks << QStringLiteral("?");
-    }
     if (rowid) {
-        left << QStringLiteral("rowid");
-        marks << QStringLiteral("?");
         binds << *rowid;
     }
-    const QString comparison = inclusive && !rowid ? QStringLiteral(" >= ") : QStringLiteral(" > ");
-    const QString condition = QLatin1Char('(') + left.join(QStringLiteral(", ")) +
-                              QLatin1Char(')') + comparison + QLatin1Char('(') +
-                              marks.join(QStringLiteral(", ")) + QLatin1Char(')');
-    return fetchRow(state, {condition}, binds, Direction::Forward);
+    const int shape = int(keys.size()) * 4 + (rowid ? 1 : 0) + (inclusive ? 2 : 0);
+    QString& sql = state.sqlByShape[shape];
+    if (sql.isEmpty()) {
+        const std::vector<int> columns = keyColumns(state);
+        QStringList left;
+        for (int i = 0; i < keys.size(); ++i) {
+            left << state.table->quotedFields[columns[i]];
+        }
+        if (rowid) {
+            left << QStringLiteral("rowid");
+        }
+        const QString comparison =
+            inclusive && !rowid ? QStringLiteral(" >= ") : QStringLiteral(" > ");
+        const QString condition =
+            QLatin1Char('(') + left.join(QStringLiteral(", ")) + QLatin1Char(')') + comparison +
+            QLatin1Char('(') +
+            QStringList(left.size(), QStringLiteral("?")).join(QLatin1Char(',')) + QLatin1Char(')');
+        sql = selectSql(state, {condition}, Direction::Forward);
+        if (rowid) {
+            // A step from a row: likely one of many, so read a few ahead.
+            sql.replace(QStringLiteral(" LIMIT 1"),
+                        QStringLiteral(" LIMIT %1").arg(kRowsReadAhead));
+        }
+    }
+    return fetchWith(state, sql, binds);
 }
 
 // Finds the nearest row beyond the boundary `keys` (the first keys.size() key
@@ -151,7 +183,11 @@ bool fetchBeyond(RecordsetState& state, const QVariantList& keys, std::optional<
 }
 
 bool fetchEnd(RecordsetState& state, Direction direction) {
-    return fetchRow(state, {}, {}, direction);
+    QString& sql = state.sqlByShape[direction == Direction::Forward ? -1 : -2];
+    if (sql.isEmpty()) {
+        sql = selectSql(state, {}, direction);
+    }
+    return fetchWith(state, sql, {});
 }
 
 }  // namespace
@@ -176,15 +212,33 @@ void RecordsetState::RequireCurrentRow() const {
     }
 }
 
-void RecordsetState::TakeRow(sqlite3_stmt* statement) {
-    rowid = sqlite3_column_int64(statement, 0);
+QVariantList RecordsetState::RowValues(sqlite3_stmt* statement) const {
     const int available = sqlite3_column_count(statement) - 1;
     const int count = int(table->fields.size());
-    values.resize(count);
+    QVariantList row;
+    row.reserve(count);
     for (int i = 0; i < count; ++i) {
-        values[i] =
-            i < available ? ColumnValue(statement, i + 1, table->fields[i].type) : QVariant();
+        row << (i < available ? ColumnValue(statement, i + 1, table->fields[i].type) : QVariant());
     }
+    return row;
+}
+
+bool RecordsetState::TakeRowAhead() {
+    if (ahead.empty() || aheadEpoch != connection->writeEpoch ||
+        std::chrono::steady_clock::now() - aheadReadAt > kReadAheadLifetime) {
+        ahead.clear();
+        return false;
+    }
+    rowid = ahead.front().rowid;
+    values = std::move(ahead.front().values);
+    ahead.pop_front();
+    return true;
+}
+
+void RecordsetState::TakeRow(sqlite3_stmt* statement) {
+    rowid = sqlite3_column_int64(statement, 0);
+    values = RowValues(statement);
+    startPending = false;
     hasRow = true;
     cursorValid = true;
     bof = false;
@@ -192,6 +246,8 @@ void RecordsetState::TakeRow(sqlite3_stmt* statement) {
 }
 
 void RecordsetState::SetBeforeFirst(bool emptyToo) {
+    ahead.clear();
+    startPending = false;
     hasRow = false;
     cursorValid = false;
     bof = true;
@@ -199,6 +255,8 @@ void RecordsetState::SetBeforeFirst(bool emptyToo) {
 }
 
 void RecordsetState::SetAfterLast(bool emptyToo) {
+    ahead.clear();
+    startPending = false;
     hasRow = false;
     cursorValid = false;
     eof = true;
@@ -206,6 +264,8 @@ void RecordsetState::SetAfterLast(bool emptyToo) {
 }
 
 void RecordsetState::SetNowhere() {
+    ahead.clear();
+    startPending = false;
     hasRow = false;
     cursorValid = false;
     bof = false;
@@ -220,7 +280,14 @@ QVariantList RecordsetState::KeyValues() const {
     return keys;
 }
 
+void RecordsetState::Settle() {
+    if (startPending) {
+        Start();
+    }
+}
+
 void RecordsetState::Start() {
+    startPending = false;
     noMatch = false;
     if (!fetchEnd(*this, Direction::Forward)) {
         SetBeforeFirst(true);
@@ -231,7 +298,7 @@ bool RecordsetState::RereadCurrentRow() {
     Query query(Conn(), QStringLiteral("SELECT rowid, * FROM ") + QuotedName(table->name) +
                             QStringLiteral(" WHERE rowid = ?1"));
     query.Bind(1, rowid);
-    if (!query.Step(QStringLiteral("table '%1'").arg(table->name))) {
+    if (!query.Step(QString(), table.get())) {
         hasRow = false;
         return false;
     }
@@ -241,17 +308,23 @@ bool RecordsetState::RereadCurrentRow() {
 
 namespace {
 
-RecordsetState& openState(const std::unique_ptr<RecordsetState>& state) {
+// The open recordset; `settle` stands it on its first row if it was left for later.
+RecordsetState& openState(const std::unique_ptr<RecordsetState>& state, bool settle = true) {
     if (!state) {
         throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset is not open."));
     }
     state->RequireOpen();
+    if (settle) {
+        state->Settle();
+    }
     return *state;
 }
 
 // A move abandons a pending Edit or AddNew, as it always has.
-RecordsetState& stateForMove(const std::unique_ptr<RecordsetState>& state) {
-    RecordsetState& s = openState(state);
+// `fromHere` tells a move that starts from the current position from one
+// that sets a new position, which needs no start.
+RecordsetState& stateForMove(const std::unique_ptr<RecordsetState>& state, bool fromHere) {
+    RecordsetState& s = openState(state, fromHere);
     s.EndEdit();
     s.noMatch = false;
     return s;
@@ -311,7 +384,7 @@ void Recordset::Close() {
 }
 
 void Recordset::SetIndex(const QString& indexName) {
-    RecordsetState& state = stateForMove(state_);
+    RecordsetState& state = stateForMove(state_, false);
     if (indexName.isEmpty()) {
         state.index = nullptr;
     } else {
@@ -323,7 +396,10 @@ void Recordset::SetIndex(const QString& indexName) {
         }
         state.index = index;
     }
-    state.Start();
+    state.sqlByShape.clear();
+    state.ahead.clear();
+    state.hasRow = false;
+    state.startPending = true;
 }
 
 QString Recordset::Index() const {
@@ -331,7 +407,7 @@ QString Recordset::Index() const {
 }
 
 void Recordset::Seek(const QString& comparison, const QVariantList& keys) {
-    RecordsetState& state = stateForMove(state_);
+    RecordsetState& state = stateForMove(state_, false);
     if (state.index == nullptr) {
         throw DaoError(kErrIndexNotSet,
                        QStringLiteral("Seek on table '%1' needs an index to be set first.")
@@ -381,17 +457,20 @@ bool Recordset::IsEOF() const {
 }
 
 void Recordset::MoveFirst() {
-    moveToEnd(stateForMove(state_), Direction::Forward);
+    moveToEnd(stateForMove(state_, false), Direction::Forward);
 }
 
 void Recordset::MoveLast() {
-    moveToEnd(stateForMove(state_), Direction::Backward);
+    moveToEnd(stateForMove(state_, false), Direction::Backward);
 }
 
 void Recordset::MoveNext() {
-    RecordsetState& state = stateForMove(state_);
+    RecordsetState& state = stateForMove(state_, true);
     if (state.eof) {
         throwNoCurrentRow(state);
+    }
+    if (state.hasRow && state.TakeRowAhead()) {
+        return;
     }
     if (state.cursorValid) {
         if (!fetchBeyond(state, state.KeyValues(), state.rowid, Direction::Forward, false)) {
@@ -407,7 +486,7 @@ void Recordset::MoveNext() {
 }
 
 void Recordset::MovePrevious() {
-    RecordsetState& state = stateForMove(state_);
+    RecordsetState& state = stateForMove(state_, true);
     if (state.bof) {
         throwNoCurrentRow(state);
     }
@@ -425,7 +504,7 @@ void Recordset::MovePrevious() {
 }
 
 int Recordset::FieldCount() const {
-    return int(openState(state_).table->fields.size());
+    return int(openState(state_, false).table->fields.size());
 }
 
 Field Recordset::Fields(const QString& name) const {
@@ -450,7 +529,7 @@ Field Recordset::Fields(int ordinal) const {
 }
 
 long Recordset::RecordCount() const {
-    RecordsetState& state = openState(state_);
+    RecordsetState& state = openState(state_, false);
     Query query(state.Conn(),
                 QStringLiteral("SELECT count(*) FROM ") + QuotedName(state.table->name));
     return query.Step() ? long(sqlite3_column_int64(query.Statement(), 0)) : 0;

@@ -253,6 +253,55 @@ private Q_SLOTS:
         QVERIFY(rs.IsEOF());
     }
 
+    void aNewRowDoesNotMoveAFreshRecordset() {
+        dao::Database db = dao::OpenDatabase(path_);
+        dao::Recordset rs = db.OpenRecordset(QStringLiteral("Clients"));
+        rs.SetIndex(QStringLiteral("Name"));
+        rs.AddNew();
+        rs.Fields(QStringLiteral("Last Name")).SetValue(QStringLiteral("Aardvark"));
+        rs.Update();
+        QCOMPARE(nameOf(rs), QStringLiteral("adams, Zoe"));
+        rs.MovePrevious();
+        QCOMPARE(rs.Fields(QStringLiteral("Last Name")).Value().toString(),
+                 QStringLiteral("Aardvark"));
+    }
+
+    void walkSeesOwnChangesAheadAtOnce() {
+        dao::Database db = dao::OpenDatabase(path_);
+        dao::Recordset rs = db.OpenRecordset(QStringLiteral("Clients"));
+        rs.SetIndex(QStringLiteral("Name"));
+        rs.MoveNext();
+        QCOMPARE(nameOf(rs), QStringLiteral("Brown, Cy"));
+        test::AddRow(db, QStringLiteral("Clients"),
+                     {{QStringLiteral("Last Name"), QStringLiteral("Brown")},
+                      {QStringLiteral("First Names"), QStringLiteral("Dee")}});
+        rs.MoveNext();
+        QCOMPARE(nameOf(rs), QStringLiteral("Brown, Dee"));
+
+        dao::Recordset other = db.OpenRecordset(QStringLiteral("Clients"));
+        other.SetIndex(QStringLiteral("Name"));
+        other.Seek(QStringLiteral("="), {QStringLiteral("Smith"), QStringLiteral("Aaron")});
+        other.Delete();
+        rs.MoveNext();
+        QCOMPARE(nameOf(rs), QStringLiteral("Jones, Bob"));
+        rs.MoveNext();
+        QCOMPARE(nameOf(rs), QStringLiteral("Smith, Ann"));
+
+        db.BeginTrans();
+        test::AddRow(db, QStringLiteral("Clients"),
+                     {{QStringLiteral("Last Name"), QStringLiteral("Young")},
+                      {QStringLiteral("First Names"), QStringLiteral("Al")}});
+        rs.MoveFirst();
+        rs.MoveNext();  // reads ahead, up to the new row
+        db.Rollback();
+        QStringList rest;
+        for (rs.MoveNext(); !rs.IsEOF(); rs.MoveNext()) {
+            rest << nameOf(rs);
+        }
+        QCOMPARE(rest, (QStringList{QStringLiteral("Brown, Dee"), QStringLiteral("Jones, Bob"),
+                                    QStringLiteral("Smith, Ann")}));
+    }
+
     void unknownNamesAreRefused() {
         dao::Database db = dao::OpenDatabase(path_);
         QVERIFY_DAO_ERROR(db.OpenRecordset(QStringLiteral("Nobody")), dao::kErrTableNotFound);
