@@ -113,7 +113,7 @@ void TestDeliveredDatabases::programFolderHoldsTheDeliveredFiles() {
         {kDefaultDividendDatabaseFile, DividendDatabaseTables()},
     };
     for (const auto& [name, tables] : files) {
-        SqliteProbe file(Delivered(name));
+        SqliteProbe file(Delivered(name), SqliteProbe::Access::ReadOnly);
         QVERIFY2(file.IsOpen(), name);
         QStringList expected;
         for (const dao::TableDef& table : tables) {
@@ -128,7 +128,7 @@ void TestDeliveredDatabases::programFolderHoldsTheDeliveredFiles() {
 }
 
 void TestDeliveredDatabases::sampleClientStandsInEveryClientTable() {
-    SqliteProbe file(Delivered(kClientDatabaseFile));
+    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
     VerifyClientsInEveryTable(file, 1);
     const QVariantList sample{QString::fromLatin1(kSampleClientFirst),
                               QString::fromLatin1(kSampleClientLast)};
@@ -165,7 +165,7 @@ void TestDeliveredDatabases::commonRowsHoldTheirDescriptions() {
     QFETCH(int, width);
     QFETCH(bool, titled);
     QFETCH(bool, yeared);
-    SqliteProbe file(Delivered(kClientDatabaseFile));
+    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
     QCOMPARE(file.Value(CountSql(QStringLiteral("Common"))).toInt(), 15);
     const QList<QVariantList> rows = file.Rows(
         QStringLiteral("SELECT Title, \"Tax Year\", %1 FROM Common WHERE Name = ?").arg([] {
@@ -205,7 +205,7 @@ void TestDeliveredDatabases::commonRowsHoldTheirDescriptions() {
 }
 
 void TestDeliveredDatabases::diaryPagesNameConsecutiveTaxYears() {
-    SqliteProbe file(Delivered(kClientDatabaseFile));
+    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
     static const QRegularExpression taxYear(QStringLiteral("^(\\d{4})-(\\d{2})$"));
     int previous = 0;
     for (int page = 1; page <= 4; ++page) {
@@ -242,7 +242,7 @@ void TestDeliveredDatabases::onlyClientsRefusesASecondClientOfTheSameName() {
 }
 
 void TestDeliveredDatabases::officeDatabaseHoldsThePublishedOffices() {
-    SqliteProbe file(Delivered(kDefaultOfficeDatabaseFile));
+    SqliteProbe file(Delivered(kDefaultOfficeDatabaseFile), SqliteProbe::Access::ReadOnly);
     QCOMPARE(file.Value(CountSql(QStringLiteral("Tax Offices"),
                                  QStringLiteral("WHERE Name = ? AND Number = ?")),
                         {QStringLiteral("Accounts Office Cumbernauld"), QStringLiteral("902")})
@@ -263,7 +263,7 @@ void TestDeliveredDatabases::officeDatabaseHoldsThePublishedOffices() {
 }
 
 void TestDeliveredDatabases::dividendDatabaseHoldsThePublishedShares() {
-    SqliteProbe delivered(Delivered(kDefaultDividendDatabaseFile));
+    SqliteProbe delivered(Delivered(kDefaultDividendDatabaseFile), SqliteProbe::Access::ReadOnly);
     QCOMPARE(delivered
                  .Value(CountSql(QStringLiteral("Dividends"),
                                  QStringLiteral(
@@ -301,7 +301,7 @@ void TestDeliveredDatabases::syntheticClientsAreDistinctAndComplete() {
     VerifyValuesFitTheirFields(file, ClientDatabaseTables());
 
     // The descriptions are those of a delivered database.
-    SqliteProbe delivered(Delivered(kClientDatabaseFile));
+    SqliteProbe delivered(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
     const QString common = QStringLiteral("SELECT * FROM Common ORDER BY Name");
     QCOMPARE(file.Rows(common), delivered.Rows(common));
 

@@ -43,9 +43,9 @@ QVariant column(sqlite3_stmt* statement, int i) {
 
 }  // namespace
 
-SqliteProbe::SqliteProbe(const QString& path) {
-    if (sqlite3_open_v2(path.toUtf8().constData(), &db_, SQLITE_OPEN_READWRITE, nullptr) !=
-        SQLITE_OK) {
+SqliteProbe::SqliteProbe(const QString& path, Access access) {
+    const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr) != SQLITE_OK) {
         lastError_ = QString::fromUtf8(sqlite3_errmsg(db_));
         sqlite3_close(db_);
         db_ = nullptr;

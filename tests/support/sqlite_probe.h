@@ -13,7 +13,8 @@ namespace quillon::test {
 
 class SqliteProbe {
 public:
-    explicit SqliteProbe(const QString& path);
+    enum class Access { ReadWrite, ReadOnly };
+    explicit SqliteProbe(const QString& path, Access access = Access::ReadWrite);
     ~SqliteProbe();
     SqliteProbe(const SqliteProbe&) = delete;
     SqliteProbe& operator=(const SqliteProbe&) = delete;
