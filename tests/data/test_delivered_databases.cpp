@@ -6,6 +6,7 @@
 #include "support/sqlite_probe.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
@@ -101,6 +102,7 @@ private Q_SLOTS:
     void dividendDatabaseHoldsThePublishedShares();
     void syntheticClientsAreDistinctAndComplete();
     void syntheticDatabaseIsTheSameEachTime();
+    void toolReplacesTheFileItMakes();
 
 private:
     QTemporaryDir scratch_;
@@ -350,6 +352,26 @@ void TestDeliveredDatabases::syntheticDatabaseIsTheSameEachTime() {
     const QStringList dump = DumpAll(one);
     QCOMPARE(dump.size(), 22 * 61 + 15);
     QCOMPARE(DumpAll(other), dump);
+}
+
+void TestDeliveredDatabases::toolReplacesTheFileItMakes() {
+    // The build puts the tool beside the program folder, in its own folder.
+    const QString tool = QDir(QStringLiteral(QUILLON_PROGRAM_DIR))
+                             .filePath(QStringLiteral("../tools/quillon-makedb"));
+    const QString path = scratch_.filePath(QStringLiteral("tool.mdb"));
+    const auto run = [&](const QStringList& arguments) {
+        return QProcess::execute(tool, arguments);
+    };
+    QCOMPARE(run({QStringLiteral("synthetic"), path, QStringLiteral("7")}), 0);
+    QCOMPARE(run({QStringLiteral("synthetic"), path, QStringLiteral("3")}), 0);
+    {
+        SqliteProbe file(path, SqliteProbe::Access::ReadOnly);
+        QCOMPARE(file.Value(CountSql(QStringLiteral("Clients"))).toInt(), 4);
+    }
+    QFile::remove(path);
+    QVERIFY(run({QStringLiteral("synthetic"), path, QStringLiteral("many")}) != 0);
+    QVERIFY(run({QStringLiteral("delivered")}) != 0);
+    QVERIFY(!QFile::exists(path));
 }
 
 QTEST_GUILESS_MAIN(TestDeliveredDatabases)
