@@ -36,10 +36,15 @@ BulkWriteSession::BulkWriteSession(const QString& path) {
             dao::kErrCannotOpen,
             QStringLiteral("Could not open %1.").arg(QDir::toNativeSeparators(path)));
     }
-    // The file is new and is thrown away if the build fails, so there is no
-    // need to wait for the disk.
-    exec(db_, "PRAGMA synchronous=OFF");
-    exec(db_, "BEGIN");
+    try {
+        // The file is new and is thrown away if the build fails, so there is no
+        // need to wait for the disk.
+        exec(db_, "PRAGMA synchronous=OFF");
+        exec(db_, "BEGIN");
+    } catch (...) {
+        sqlite3_close(db_);
+        throw;
+    }
 }
 
 BulkWriteSession::~BulkWriteSession() {
