@@ -59,7 +59,9 @@ QList<int> ParsePageList(const QString& first, const QString& last, int pageCoun
 void VSPrinterControl::setDevice(const QString& name) {
     Error = vsErrNone;
     if (name.isEmpty()) {
-        device_ = SystemDefaultPrinter();
+        // A default that the system no longer lists is no printer at all.
+        const QString fallback = SystemDefaultPrinter();
+        device_ = SystemPrinters().contains(fallback) ? fallback : QString();
         return;
     }
     if (SystemPrinters().contains(name)) {
