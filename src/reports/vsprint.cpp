@@ -333,7 +333,10 @@ QString PreviewPdfPath() {
 }
 
 void VSReportControlError(int number, const QString& description) {
-    const QString device = vp().Device();
+    ReportPrinterFailure(vp().Device(), number, description);
+}
+
+void ReportPrinterFailure(const QString& device, int number, const QString& description) {
     if (device.isEmpty()) {
         MsgBox(QStringLiteral("There is no printer available"), vbExclamation);
         return;

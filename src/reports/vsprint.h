@@ -100,5 +100,7 @@ bool DocumentBecomesPdf();
 QString PreviewPdfPath();
 // The document control's error event: tells the user what the printer said.
 void VSReportControlError(int number, const QString& description);
+// Tells the user that `device` failed with error `number`.
+void ReportPrinterFailure(const QString& device, int number, const QString& description);
 
 }  // namespace quillon

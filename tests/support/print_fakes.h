@@ -44,7 +44,7 @@ public:
 
 struct RecordedJob {
     PrintJob job;
-    int documentPages = 0;
+    PageDocument document;
 };
 
 class RecordingPrintBackend : public PrintBackend {
@@ -66,7 +66,7 @@ public:
             *error = failure;
             return false;
         }
-        jobs.push_back({job, document.PageCount()});
+        jobs.push_back({job, document});
         return true;
     }
 };
