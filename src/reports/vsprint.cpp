@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QStringList>
 
 namespace quillon {
 
@@ -325,6 +326,28 @@ void VSTextNext(const QString& text) {
 
 void VSTextBox(double x, double y, double width, double height, const QString& text) {
     vp().TextBox(text, VSMapX(x), VSMapY(y), PageMap.unit * width, PageMap.unit * height);
+}
+
+void ReversePages(VSPrinterControl& control) {
+    const int count = control.PageCount();
+    if (count < 2) {
+        return;
+    }
+    for (int page = 2; page <= count; ++page) {
+        control.MovePage(page, 1);
+    }
+    control.PreviewPage = count + 1 - control.PreviewPage;
+}
+
+PageSelection ManualDuplexPages(int pageCount, bool oddPages, bool reversed) {
+    if (reversed && pageCount % 2 == 0) {
+        oddPages = !oddPages;
+    }
+    QStringList numbers;
+    for (int page = oddPages ? 1 : 2; page <= pageCount; page += 2) {
+        numbers << QString::number(page);
+    }
+    return {numbers.join(QLatin1Char(',')), numbers.isEmpty() ? QString() : numbers.last()};
 }
 
 QString PreviewPdfPath() {

@@ -94,6 +94,19 @@ void VSTextCentred(double x1, double x2, double y, const QString& text);
 void VSTextNext(const QString& text);
 void VSTextBox(double x, double y, double width, double height, const QString& text);
 
+// Turns the page order of the document round, keeping the shown page on the
+// screen; a second call puts the pages back.
+void ReversePages(VSPrinterControl& control);
+
+// The page list of a manual duplex pass: the odd or the even pages from the
+// first. In reverse order with an even page count page p stands at place
+// N + 1 - p, so the two lists change places.
+struct PageSelection {
+    QString first;
+    QString last;
+};
+PageSelection ManualDuplexPages(int pageCount, bool oddPages, bool reversed);
+
 // True when the document being built will be turned into a PDF file.
 bool DocumentBecomesPdf();
 // Docs/Preview.pdf below the program's folder.

@@ -1,0 +1,32 @@
+#pragma once
+// The page area of the preview: paints the document control's current page at
+// its zoom, or two pages side by side.
+
+#include "reports/vsprinter_control.h"
+
+#include <QScrollArea>
+
+namespace quillon {
+
+class PreviewPage;
+
+class PreviewView : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit PreviewView(VSPrinterControl& control, QWidget* parent = nullptr);
+    VSPrinterControl& control() { return control_; }
+    // Lays the page out again after the control's page, zoom or mode changed.
+    void Refresh();
+    // Screen pixels per twip at the control's zoom and the view's size.
+    double Scale() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    VSPrinterControl& control_;
+    PreviewPage* page_;
+};
+
+}  // namespace quillon
