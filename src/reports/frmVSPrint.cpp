@@ -6,11 +6,11 @@
 
 #include <QComboBox>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -73,9 +73,8 @@ frmVSPrint::frmVSPrint(QWidget* parent) : QDialog(parent) {
 }
 
 QWidget* frmVSPrint::BuildToolbar() {
-    auto* bar = new QWidget(this);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
+    // A tool bar folds what doesn't fit, so the window can be made small.
+    auto* bar = new QToolBar(this);
     cmdFirst = MakeButton(QStringLiteral("cmdFirst"), QStringLiteral("|<"), bar);
     cmdPrevious = MakeButton(QStringLiteral("cmdPrevious"), QStringLiteral("<"), bar);
     lblPage = new QLabel(bar);
@@ -84,12 +83,11 @@ QWidget* frmVSPrint::BuildToolbar() {
     lblPage->setAlignment(Qt::AlignCenter);
     cmdNext = MakeButton(QStringLiteral("cmdNext"), QStringLiteral(">"), bar);
     cmdLast = MakeButton(QStringLiteral("cmdLast"), QStringLiteral(">|"), bar);
-    cmbZoomMode =
-        MakeList(QStringLiteral("cmbZoomMode"),
-                 {QStringLiteral("Percentage"), QStringLiteral("Thumbnail"),
-                  QStringLiteral("TwoPages"), QStringLiteral("WholePage"),
-                  QStringLiteral("PageWidth"), QStringLiteral("Stretch")},
-                 bar);
+    cmbZoomMode = MakeList(
+        QStringLiteral("cmbZoomMode"),
+        {QStringLiteral("Percentage"), QStringLiteral("Thumbnail"), QStringLiteral("TwoPages"),
+         QStringLiteral("WholePage"), QStringLiteral("PageWidth"), QStringLiteral("Stretch")},
+        bar);
     cmbPercent = MakeList(QStringLiteral("cmbPercent"),
                           {QStringLiteral("25%"), QStringLiteral("50%"), QStringLiteral("75%"),
                            QStringLiteral("100%"), QStringLiteral("150%"), QStringLiteral("200%"),
@@ -101,13 +99,14 @@ QWidget* frmVSPrint::BuildToolbar() {
     cmdClose = MakeButton(QStringLiteral("cmdClose"), QStringLiteral("&Close"), bar);
     for (QWidget* widget : std::initializer_list<QWidget*>{cmdFirst, cmdPrevious, lblPage, cmdNext,
                                                            cmdLast, cmbZoomMode, cmbPercent}) {
-        row->addWidget(widget);
+        bar->addWidget(widget);
     }
-    row->addWidget(new QLabel(QStringLiteral("Page Order"), bar));
-    row->addWidget(cmbPrint);
-    row->addStretch(1);
-    row->addWidget(cmdPrint);
-    row->addWidget(cmdClose);
+    bar->addSeparator();
+    bar->addWidget(new QLabel(QStringLiteral("Page Order") + QLatin1Char(' '), bar));
+    bar->addWidget(cmbPrint);
+    bar->addSeparator();
+    bar->addWidget(cmdPrint);
+    bar->addWidget(cmdClose);
     return bar;
 }
 

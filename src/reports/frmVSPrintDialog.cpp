@@ -102,7 +102,8 @@ QGroupBox* frmVSPrintDialog::BuildRangeFrame() {
 QGroupBox* frmVSPrintDialog::BuildDuplexFrame() {
     fraDuplex = new QGroupBox(QStringLiteral("Manual Duplex"), this);
     fraDuplex->setObjectName(QStringLiteral("fraDuplex"));
-    optDuplex[0] = MakeOption(QStringLiteral("optDuplex(0)"), QStringLiteral("All pages"), fraDuplex);
+    optDuplex[0] =
+        MakeOption(QStringLiteral("optDuplex(0)"), QStringLiteral("All pages"), fraDuplex);
     optDuplex[1] =
         MakeOption(QStringLiteral("optDuplex(1)"), QStringLiteral("Odd pages only"), fraDuplex);
     optDuplex[2] =

@@ -25,12 +25,11 @@ void SetUpPrinter(QPrinter& printer, const PrintJob& job) {
 
 QString JobCaption(const PrintJob& job) {
     const QPrinterInfo info = QPrinterInfo::printerInfo(job.device);
-    const QString place = info.location().isEmpty() ? QStringLiteral("this computer")
-                                                    : info.location();
+    const QString place =
+        info.location().isEmpty() ? QStringLiteral("this computer") : info.location();
     return QStringLiteral("Printing...") + QLatin1Char('\n') + job.documentName +
            QLatin1Char('\n') +
-           QString::asprintf("on the %s on %s.", qUtf8Printable(job.device),
-                             qUtf8Printable(place));
+           QString::asprintf("on the %s on %s.", qUtf8Printable(job.device), qUtf8Printable(place));
 }
 
 }  // namespace
@@ -53,8 +52,7 @@ QRectF DesktopPrintBackend::PrintableArea(const QString& device) const {
     return {area.topLeft() * kTwipsPerMm, area.size() * kTwipsPerMm};
 }
 
-bool DesktopPrintBackend::Print(const PageDocument& document, const PrintJob& job,
-                                QString* error) {
+bool DesktopPrintBackend::Print(const PageDocument& document, const PrintJob& job, QString* error) {
     QPrinter printer(QPrinter::HighResolution);
     SetUpPrinter(printer, job);
     QProgressDialog progress(JobCaption(job), QStringLiteral("Cancel"), 0,
