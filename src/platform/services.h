@@ -40,6 +40,14 @@ constexpr int kMsgBoxButtonsMask = 0x0F;
 constexpr int kMsgBoxIconMask = 0x70;
 constexpr int kMsgBoxDefaultMask = 0xF00;
 
+// The answer of a message box closed with Escape: Cancel or No where the box
+// has one, Abort for Abort/Retry/Ignore, OK for a box with OK alone.
+int EscapeAnswer(int style);
+
+// The program's own printer, which writes a PDF file. The printer list always
+// holds it, so that every print route works without a printer installed.
+inline constexpr char kPdfPrinterName[] = "Quillon PDF";
+
 class MessageService {
 public:
     virtual ~MessageService() = default;
