@@ -3,6 +3,7 @@
 // running program installs (print_backend_gui.h), and the program's own PDF
 // printer, which writes a file the user names.
 
+#include "platform/services.h"
 #include "reports/page_document.h"
 
 #include <QList>
@@ -10,9 +11,6 @@
 #include <QString>
 
 namespace quillon {
-
-// The printer of our own that every printer list offers beside the system's.
-inline const QString kPdfPrinterName = QStringLiteral("Quillon PDF");
 
 struct PrintJob {
     QString device;

@@ -140,7 +140,7 @@ private Q_SLOTS:
     void pdfPrinterWritesTheFileTheUserNames() {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("list.pdf"));
-        desktop_.fileDialogs.savePaths.enqueue(path);
+        desktop_.services.fileDialogs.Answer(path);
         Printer.setDeviceName(kPdfPrinterName);
         QVERIFY(PrintListReport({QStringLiteral("Smith, Ann")}, QStringLiteral("Clients"), 1));
         QProcess text;
@@ -148,17 +148,19 @@ private Q_SLOTS:
         QVERIFY(text.waitForFinished());
         QVERIFY(QString::fromUtf8(text.readAllStandardOutput()).contains("Smith, Ann"));
         // A cancelled file dialog prints nothing and is no failure.
+        desktop_.services.fileDialogs.Answer(QString());
         QVERIFY(PrintListReport({QStringLiteral("Jones, Bo")}, QStringLiteral("Clients"), 1));
         Printer.setDeviceName(QString());
-        QVERIFY(desktop_.messages.shown.empty());
+        QVERIFY(desktop_.services.messages.Count() == 0);
     }
 
     void refusedJobIsTold() {
         desktop_.backend.failure = QStringLiteral("Paper jam");
+        desktop_.services.messages.Answer(vbOK);
         QVERIFY(!PrintListReport({QStringLiteral("Smith, Ann")}, QStringLiteral("Clients"), 1));
         desktop_.backend.failure.clear();
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        QVERIFY(desktop_.messages.shown.front().prompt.startsWith(
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        QVERIFY(desktop_.services.messages.Shown().front().prompt.startsWith(
             QStringLiteral("Printer: Office Laser\n\nError 482: Paper jam")));
     }
 };

@@ -74,7 +74,7 @@ private:
 
 private Q_SLOTS:
     void init() {
-        desktop_.messages.shown.clear();
+        desktop_.services.messages.ClearRecord();
         desktop_.backend.jobs.clear();
         desktop_.backend.ready = true;
         VSPrinter = QStringLiteral("Office Laser");
@@ -250,6 +250,7 @@ private Q_SLOTS:
     void printerNeverReadyAbandonsTheJob() {
         MakeDocument(2);
         desktop_.backend.ready = false;
+        desktop_.services.messages.Answer(vbOK);
         frmVSPrint preview;
         frmVSPrintDialog dialog(preview);
         QTimer::singleShot(0, &dialog, [&dialog] {
@@ -259,22 +260,22 @@ private Q_SLOTS:
         });
         dialog.cmdPrint_Click();
         QVERIFY(desktop_.backend.jobs.empty());
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        QCOMPARE(desktop_.messages.shown.front().prompt,
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        QCOMPARE(desktop_.services.messages.Shown().front().prompt,
                  QStringLiteral("The printing system is not ready.\n\nThe print job has been "
                                 "abandoned."));
-        QCOMPARE(desktop_.messages.shown.front().title, QStringLiteral("Printing Process"));
-        QCOMPARE(desktop_.messages.shown.front().style, int(vbCritical));
+        QCOMPARE(desktop_.services.messages.Shown().front().title,
+                 QStringLiteral("Printing Process"));
+        QCOMPARE(desktop_.services.messages.Shown().front().style, int(vbCritical));
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
     }
 
     void pdfPreviewOpensInTheViewer() {
-        desktop_.programs.opened.clear();
         ReportPreview = 1;
         MakeDocument(1);
         QFile::remove(PreviewPdfPath());
         ShowReportDocument();
-        QCOMPARE(desktop_.programs.opened, QStringList({PreviewPdfPath()}));
+        QCOMPARE(desktop_.services.programs.Opened().last(), PreviewPdfPath());
         QVERIFY(PreviewPdfPath().endsWith(QStringLiteral("/Docs/Preview.pdf")));
         QVERIFY(QFileInfo(PreviewPdfPath()).size() > 0);
     }
@@ -288,7 +289,7 @@ private Q_SLOTS:
         VSEndDocument();
         ShowReportDocument(path);
         QVERIFY(QFileInfo(path).size() > 0);
-        QVERIFY(desktop_.messages.shown.empty());
+        QVERIFY(desktop_.services.messages.Count() == 0);
     }
 };
 

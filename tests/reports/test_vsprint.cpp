@@ -41,8 +41,7 @@ private:
 
 private Q_SLOTS:
     void init() {
-        desktop_.messages.shown.clear();
-        desktop_.messages.answers.clear();
+        desktop_.services.messages.ClearRecord();
         desktop_.backend.jobs.clear();
         desktop_.backend.failure.clear();
         VSPrinter = QStringLiteral("Office Laser");
@@ -65,10 +64,10 @@ private Q_SLOTS:
     void missingPrinterOffersTheDefault() {
         QFETCH(int, answer);
         VSPrinter = QStringLiteral("Removed Printer");
-        desktop_.messages.answers.enqueue(answer);
+        desktop_.services.messages.Answer(answer);
         const bool opened = VSOpenReport(QStringLiteral("Form 64-8"));
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        const testing::ShownMessage& asked = desktop_.messages.shown.front();
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        const ShownMessage& asked = desktop_.services.messages.Shown().front();
         QCOMPARE(asked.prompt,
                  QStringLiteral("This printer is not available.\n\nDo you wish to use "
                                 "the default printer 'Office Laser' instead?"));
@@ -83,14 +82,14 @@ private Q_SLOTS:
     void emptyPrinterNameTakesTheDefaultSilently() {
         VSPrinter.clear();
         QVERIFY(VSOpenReport(QStringLiteral("Diary Report")));
-        QVERIFY(desktop_.messages.shown.empty());
+        QVERIFY(desktop_.services.messages.Count() == 0);
         QCOMPARE(VSPrinter, QStringLiteral("Office Laser"));
         QCOMPARE(VSDocumentControl().Device(), QStringLiteral("Office Laser"));
     }
 
     void printerNameMustMatchExactly() {
         VSPrinter = QStringLiteral("office laser");
-        desktop_.messages.answers.enqueue(vbNo);
+        desktop_.services.messages.Answer(vbNo);
         QVERIFY(!VSOpenReport(QStringLiteral("Diary Report")));
     }
 
@@ -101,31 +100,34 @@ private Q_SLOTS:
     }
     void noDefaultPrinterToOffer() {
         QFETCH(QString, defaultName);
-        desktop_.printers.defaultName = defaultName;
+        desktop_.SetDefaultPrinter(defaultName);
         VSPrinter = QStringLiteral("Removed Printer");
+        desktop_.services.messages.Answer(vbOK);
         const bool opened = VSOpenReport(QStringLiteral("Diary Report"));
-        desktop_.printers.defaultName = QStringLiteral("Office Laser");
+        desktop_.SetDefaultPrinter(QStringLiteral("Office Laser"));
         QVERIFY(!opened);
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        QCOMPARE(desktop_.messages.shown.front().prompt,
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        QCOMPARE(desktop_.services.messages.Shown().front().prompt,
                  QStringLiteral("This printer is not available."));
-        QCOMPARE(desktop_.messages.shown.front().style, int(vbCritical));
-        QCOMPARE(desktop_.messages.shown.front().title, QStringLiteral("Removed Printer"));
+        QCOMPARE(desktop_.services.messages.Shown().front().style, int(vbCritical));
+        QCOMPARE(desktop_.services.messages.Shown().front().title,
+                 QStringLiteral("Removed Printer"));
     }
 
     void doubleSidedOnASimplexPrinterWarnsAndGoesOn() {
         VSDuplexMode = 2;
+        desktop_.services.messages.Answer(vbOK);
         QVERIFY(OpenOnPreview());
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        QCOMPARE(desktop_.messages.shown.front().prompt,
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        QCOMPARE(desktop_.services.messages.Shown().front().prompt,
                  QStringLiteral("The currently selected printer does not support double-sided "
                                 "printing.\n\nGo to Report Settings and turn off 'Double-sided' in "
                                 "the Print settings."));
-        QCOMPARE(desktop_.messages.shown.front().style, int(vbInformation));
-        desktop_.messages.shown.clear();
+        QCOMPARE(desktop_.services.messages.Shown().front().style, int(vbInformation));
+        desktop_.services.messages.ClearRecord();
         VSPrinter = QStringLiteral("Duplex Laser");
         QVERIFY(OpenOnPreview());
-        QVERIFY(desktop_.messages.shown.empty());
+        QVERIFY(desktop_.services.messages.Count() == 0);
         QCOMPARE(VSDocumentControl().Duplex(), 2);
     }
 
@@ -276,13 +278,14 @@ private Q_SLOTS:
     void printerFailureIsToldWithTheDevice() {
         ReportDestination = rdPrinter;
         desktop_.backend.failure = QStringLiteral("Out of paper");
+        desktop_.services.messages.Answer(vbOK);
         QVERIFY(VSOpenReport(QStringLiteral("Diary Report")));
         VSEndDocument();
-        QCOMPARE(desktop_.messages.shown.size(), size_t(1));
-        QCOMPARE(desktop_.messages.shown.front().prompt,
+        QCOMPARE(desktop_.services.messages.Count(), 1);
+        QCOMPARE(desktop_.services.messages.Shown().front().prompt,
                  QStringLiteral("Printer: Office Laser\n\nError 482: Out of paper\n\nMake sure "
                                 "this printer is available and properly set up."));
-        QCOMPARE(desktop_.messages.shown.front().style, int(vbExclamation));
+        QCOMPARE(desktop_.services.messages.Shown().front().style, int(vbExclamation));
     }
 };
 
