@@ -16,7 +16,7 @@ void CharacterFilter::InstallRefusing(QLineEdit* box, const QString& refused) {
 CharacterFilter::CharacterFilter(QLineEdit* box, const QString& characters, bool refusing)
     : QObject(box), box_(box), characters_(characters), refusing_(refusing) {
     box->installEventFilter(this);
-    connect(box, &QLineEdit::textChanged, this, &CharacterFilter::DropRefusedCharacters);
+    connect(box, &QLineEdit::textEdited, this, &CharacterFilter::DropRefusedCharacters);
 }
 
 bool CharacterFilter::eventFilter(QObject* watched, QEvent* event) {

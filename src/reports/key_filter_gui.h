@@ -1,6 +1,7 @@
 #pragma once
-// Keeps a text box to a set of characters: other keys are dropped in silence,
-// and pasted text loses what the set doesn't hold. Editing keys pass.
+// Keeps what the user types in a text box to a set of characters: other keys
+// are dropped in silence, and pasted text loses what the set doesn't hold.
+// Editing keys pass, and text the program puts in the box stands as it is.
 
 #include <QObject>
 #include <QString>
