@@ -31,6 +31,11 @@ VSPrinterControl& vp() {
     return *bound().vp;
 }
 
+const char* const kNoDuplex =
+    "The currently selected printer does not support double-sided printing.";
+const char* const kTurnOffDuplex =
+    "Go to Report Settings and turn off 'Double-sided' in the Print settings.";
+
 ReportColour Grey(qint16 level) {
     return RgbColour(level, level, level);
 }
@@ -54,11 +59,8 @@ void AskDuplex() {
     } else if (VSDuplexMode == 2) {
         vp().setDuplex(2);
         if (VSGetError() == vsErrDuplexRefused) {
-            MsgBox(QStringLiteral("The currently selected printer does not support double-sided "
-                                  "printing.") +
-                       QStringLiteral("\n\n") +
-                       QStringLiteral("Go to Report Settings and turn off 'Double-sided' in the "
-                                      "Print settings."),
+            MsgBox(QString::fromLatin1(kNoDuplex) + QStringLiteral("\n\n") +
+                       QString::fromLatin1(kTurnOffDuplex),
                    vbInformation);
         }
     }
