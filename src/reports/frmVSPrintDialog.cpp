@@ -4,6 +4,7 @@
 #include "reports/frmVSPrint.h"
 #include "reports/key_filter_gui.h"
 #include "reports/vsprint.h"
+#include "reports/vsprinter_control.h"
 
 #include <QEventLoop>
 #include <QFocusEvent>
@@ -156,6 +157,20 @@ void frmVSPrintDialog::PageSpan(QString* first, QString* last) const {
     }
 }
 
+bool frmVSPrintDialog::PagesAreInTheDocument(const QString& first, const QString& last) {
+    const int count = control_.PageCount();
+    if (!ParsePageList(first, last, count).isEmpty()) {
+        return true;
+    }
+    // A typed list that names no page of the document: say so and let it be corrected.
+    MsgBox(QStringLiteral("There are no pages to print in \"%1\". The document has %2 pages.")
+               .arg(first)
+               .arg(count),
+           vbExclamation, windowTitle());
+    txtPageNumbers->setFocus();
+    return false;
+}
+
 bool frmVSPrintDialog::WaitUntilReady() {
     tmrAbandon->start(kAbandonAfterMs);
     if (control_.ReadyState() != kReadyStateIdle) {
@@ -183,6 +198,9 @@ void frmVSPrintDialog::cmdPrint_Click() {
     QString first;
     QString last;
     PageSpan(&first, &last);
+    if (!PagesAreInTheDocument(first, last)) {
+        return;
+    }
     const int copies = std::max(1, txtCopies->text().toInt());
     for (int copy = 1; copy <= copies; ++copy) {
         if (!WaitUntilReady()) {

@@ -47,6 +47,7 @@ protected:
 private:
     QGroupBox* BuildRangeFrame();
     QGroupBox* BuildDuplexFrame();
+    bool PagesAreInTheDocument(const QString& first, const QString& last);
     bool WaitUntilReady();
     void PageSpan(QString* first, QString* last) const;
 

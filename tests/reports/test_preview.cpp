@@ -238,6 +238,21 @@ private Q_SLOTS:
         }
     }
 
+    void pagesOutsideTheDocumentAreRefused() {
+        MakeDocument(3);
+        frmVSPrint preview;
+        frmVSPrintDialog dialog(preview);
+        dialog.optRange[2]->setChecked(true);
+        dialog.txtPageNumbers->setText(QStringLiteral("7-9"));
+        desktop_.services.messages.Answer(vbOK);
+        dialog.cmdPrint_Click();
+        QVERIFY(desktop_.backend.jobs.empty());
+        QCOMPARE(desktop_.services.messages.Last().prompt,
+                 QStringLiteral("There are no pages to print in \"7-9\". The document has 3 "
+                                "pages."));
+        QCOMPARE(dialog.txtPageNumbers->text(), QStringLiteral("7-9"));
+    }
+
     void copiesBelowOneBecomeOne() {
         MakeDocument(2);
         frmVSPrint preview;

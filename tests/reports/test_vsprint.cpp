@@ -224,6 +224,65 @@ private Q_SLOTS:
         QVERIFY(qAbs(texts[3].topLeft.x() - (VSMapX(50) + middleWidth / 2)) < 1e-6);
     }
 
+    void underlineFlagDrawsUnderTheTextAndIsClearedByEachDocument() {
+        QVERIFY(OpenOnPreview(50));
+        UnderlineText = true;
+        VSTextAt(10, 20, QStringLiteral("Underlined"));
+        const double width = VSDocumentControl().TextWidth(QStringLiteral("Underlined"));
+        const LineOp rule = OpsOfKind<LineOp>().at(0);
+        QCOMPARE(rule.from, QPointF(VSMapX(10), VSMapY(20) + 28));
+        QCOMPARE(rule.to, QPointF(VSMapX(10) + width, VSMapY(20) + 28));
+        QCOMPARE(rule.pen.width, 0.2 * 0.5 * 56.69);
+        QVERIFY(VSStartDocument(VSPrinter));
+        QVERIFY(!UnderlineText);
+    }
+
+    void textBoxIsMappedAndScaled() {
+        VSTop = 1;
+        QVERIFY(OpenOnPreview(90));
+        VSTextBox(50.5, 9, 19, 16, QStringLiteral("Return issued"));
+        const TextBoxOp box = OpsOfKind<TextBoxOp>().at(0);
+        QCOMPARE(box.text, QStringLiteral("Return issued"));
+        QCOMPARE(box.rect.topLeft(), QPointF(VSMapX(50.5), VSMapY(9)));
+        QVERIFY(qAbs(box.rect.width() - 19 * 0.9 * 56.69) < 1e-9);
+        QVERIFY(qAbs(box.rect.height() - 16 * 0.9 * 56.69) < 1e-9);
+    }
+
+    void pageListsForPrinting_data() {
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("last");
+        QTest::addColumn<QList<int>>("pages");
+        QTest::newRow("range") << "2"
+                               << "4" << QList<int>({2, 3, 4});
+        QTest::newRow("one page") << "3"
+                                  << "3" << QList<int>({3});
+        QTest::newRow("list with a span") << "1,3,5-7"
+                                          << "" << QList<int>({1, 3, 5, 6, 7});
+        QTest::newRow("beyond the end") << "9-14,2"
+                                        << "" << QList<int>({9, 10, 2});
+        QTest::newRow("backward span") << "5-3"
+                                       << "" << QList<int>();
+        QTest::newRow("odd pass") << "1,3,5"
+                                  << "5" << QList<int>({1, 3, 5});
+        QTest::newRow("stray separators") << ",,4,-,6"
+                                          << "" << QList<int>({4, 6});
+    }
+    void pageListsForPrinting() {
+        QFETCH(QString, first);
+        QFETCH(QString, last);
+        QFETCH(QList<int>, pages);
+        QCOMPARE(ParsePageList(first, last, 10), pages);
+    }
+
+    void manualDuplexPasses() {
+        QCOMPARE(ManualDuplexPages(5, true, false).first, QStringLiteral("1,3,5"));
+        QCOMPARE(ManualDuplexPages(5, true, false).last, QStringLiteral("5"));
+        QCOMPARE(ManualDuplexPages(5, false, true).first, QStringLiteral("2,4"));
+        QCOMPARE(ManualDuplexPages(4, true, true).first, QStringLiteral("2,4"));
+        QCOMPARE(ManualDuplexPages(4, false, true).last, QStringLiteral("3"));
+        QCOMPARE(ManualDuplexPages(1, false, false).first, QString());
+    }
+
     void shapesAreBlackWhateverTheReportColours() {
         VSBlack = 40;
         QVERIFY(OpenOnPreview());
