@@ -1,5 +1,6 @@
 #include "reports/frmVSPrint.h"
 
+#include "data/convert.h"
 #include "reports/frmVSPrintDialog.h"
 #include "reports/vsprint.h"
 #include "shell/variables.h"
@@ -189,13 +190,7 @@ void frmVSPrint::cmbZoomMode_Click() {
 }
 
 void frmVSPrint::cmbPercent_Click() {
-    // The number at the head of the text: "75%" is 75.
-    const QString text = cmbPercent->currentText();
-    int digits = 0;
-    while (digits < text.size() && text.at(digits).isDigit()) {
-        ++digits;
-    }
-    vp->control().Zoom = text.left(digits).toDouble();
+    vp->control().Zoom = Val(cmbPercent->currentText());  // "75%" is 75
     vp->Refresh();
 }
 

@@ -137,6 +137,24 @@ private Q_SLOTS:
         QCOMPARE(Printer.Page(), 0);
     }
 
+    // The plain printer measures from the corner of what the device can print.
+    void positionsStartAtThePrintableArea() {
+        desktop_.backend.printableArea =
+            QRectF(5 * kTwipsPerMm, 4 * kTwipsPerMm, 200 * kTwipsPerMm, 289 * kTwipsPerMm);
+        Printer.setScaleMode(vbMillimeters);
+        QVERIFY(qAbs(Printer.ScaleWidth() - 200) < 1e-9);
+        QVERIFY(qAbs(Printer.ScaleHeight() - 289) < 1e-9);
+        Printer.setCurrentX(10);
+        Printer.setCurrentY(20);
+        Printer.Print(QStringLiteral("placed"));
+        Printer.Line(0, 30, 50, 30);
+        const auto& ops = Printer.Document().pages.at(0).ops;
+        QCOMPARE(std::get<TextOp>(ops.at(0)).topLeft, QPointF(15, 24) * kTwipsPerMm);
+        QCOMPARE(std::get<LineOp>(ops.at(1)).to, QPointF(55, 34) * kTwipsPerMm);
+        QVERIFY(Printer.EndDoc());
+        desktop_.backend.printableArea = QRectF(QPointF(0, 0), A4SizeTwips());
+    }
+
     void pdfPrinterWritesTheFileTheUserNames() {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("list.pdf"));

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -150,6 +151,35 @@ private Q_SLOTS:
         preview.cmbZoomMode_Click();
         QVERIFY(!preview.cmbPercent->isEnabled());
         QCOMPARE(VSDocumentControl().ZoomMode, int(zmTwoPages));
+    }
+
+    // The page is painted at the zoom: a black square lands where its
+    // millimetres say on a sheet of the screen's size for the zoom.
+    void pageIsPaintedAtTheZoom() {
+        ReportDestination = rdPreview;
+        QVERIFY(VSOpenReport(QStringLiteral("Diary Report")));
+        VSDrawFilledBox(ReportBlack, ReportBlack, 0, 100, 100, 120, 120);
+        VSEndDocument();
+        frmVSPrint preview;
+        preview.resize(900, 700);
+        preview.show();
+        preview.cmbZoomMode->setCurrentIndex(zmPercentage);
+        preview.cmbZoomMode_Click();
+        preview.cmbPercent->setCurrentIndex(3);  // 100%
+        preview.cmbPercent_Click();
+        const double pixelsPerTwip = preview.vp->Scale();
+        QVERIFY(qAbs(pixelsPerTwip - preview.vp->screen()->logicalDotsPerInch() / 1440.0) < 1e-9);
+        const QImage page = preview.vp->widget()->grab().toImage();
+        QVERIFY(page.width() > A4SizeTwips().width() * pixelsPerTwip);
+        const QPointF inside = QPointF(VSMapX(110), VSMapY(110)) * pixelsPerTwip;
+        const QPointF outside = QPointF(VSMapX(90), VSMapY(110)) * pixelsPerTwip;
+        // The sheet stands a gap of 12 pixels from the corner of the page area.
+        const QPointF gap(12, 12);
+        QVERIFY(qGray(page.pixel((inside + gap).toPoint())) < 60);
+        QVERIFY(qGray(page.pixel((outside + gap).toPoint())) > 200);
+        preview.cmbZoomMode->setCurrentIndex(zmWholePage);
+        preview.cmbZoomMode_Click();
+        QVERIFY(preview.vp->widget()->height() <= preview.vp->viewport()->height());
     }
 
     void unloadStoresPlaceSizeAndOrder() {

@@ -22,15 +22,14 @@ public:
     QSet<QString> duplexPrinters;
     bool ready = true;
     QString failure;  // a job fails with this text when it isn't empty
+    QRectF printableArea{QPointF(0, 0), A4SizeTwips()};
     std::vector<RecordedJob> jobs;
 
     bool SupportsDuplex(const QString& device) const override {
         return duplexPrinters.contains(device);
     }
     bool IsReady(const QString& /*device*/) const override { return ready; }
-    QRectF PrintableArea(const QString& /*device*/) const override {
-        return QRectF(QPointF(0, 0), A4SizeTwips());
-    }
+    QRectF PrintableArea(const QString& /*device*/) const override { return printableArea; }
     bool Print(const PageDocument& document, const PrintJob& job, QString* error) override {
         if (!failure.isEmpty()) {
             *error = failure;
