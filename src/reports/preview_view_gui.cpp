@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QScreen>
-#include <QScrollBar>
 #include <QWidget>
 
 #include <algorithm>
@@ -12,10 +11,7 @@ namespace quillon {
 namespace {
 
 constexpr int kPageGap = 12;
-
-bool ShowsTwoPages(int mode) {
-    return mode == zmTwoPages;
-}
+constexpr double kThumbnailsDown = 3.0;  // a thumbnail is a third of a whole page
 
 }  // namespace
 
@@ -27,23 +23,15 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Dark));
-        VSPrinterControl& control = view_.control();
-        const int pages = ShowsTwoPages(control.ZoomMode) ? 2 : 1;
+        const VSPrinterControl& control = view_.control();
         const double scale = view_.Scale();
-        const QSizeF sheet = A4SizeTwips() * scale;
-        for (int i = 0; i < pages; ++i) {
-            const int index = control.PreviewPage - 1 + i;
-            if (index < 0 || index >= control.PageCount()) {
-                continue;
-            }
-            const QRectF area(kPageGap + i * (sheet.width() + kPageGap), kPageGap, sheet.width(),
-                              sheet.height());
-            painter.fillRect(area, Qt::white);
+        for (const PreviewView::Slot& slot : view_.Slots()) {
+            painter.fillRect(slot.area, Qt::white);
             painter.save();
-            painter.setClipRect(area);
-            painter.translate(area.topLeft());
+            painter.setClipRect(slot.area);
+            painter.translate(slot.area.topLeft());
             painter.scale(scale, scale);
-            RenderPage(painter, control.Document().pages[index]);
+            RenderPage(painter, control.Document().pages[slot.pageIndex]);
             painter.restore();
         }
     }
@@ -59,12 +47,15 @@ PreviewView::PreviewView(VSPrinterControl& control, QWidget* parent)
     setAlignment(Qt::AlignHCenter | Qt::AlignTop);
 }
 
+int PreviewView::PagesAcross() const {
+    return control_.ZoomMode == zmTwoPages ? 2 : 1;
+}
+
 double PreviewView::Scale() const {
     const QSizeF sheet = A4SizeTwips();
-    const double pages = ShowsTwoPages(control_.ZoomMode) ? 2.0 : 1.0;
     const double width = std::max(1, viewport()->width() - 2 * kPageGap);
     const double height = std::max(1, viewport()->height() - 2 * kPageGap);
-    const double fitWidth = width / (sheet.width() * pages);
+    const double fitWidth = width / (sheet.width() * PagesAcross());
     const double fitHeight = height / sheet.height();
     switch (control_.ZoomMode) {
         case zmPercentage: {
@@ -72,7 +63,7 @@ double PreviewView::Scale() const {
             return control_.Zoom / 100.0 * dpi / kTwipsPerInch;
         }
         case zmThumbnail:
-            return std::min(fitWidth, fitHeight) / 3.0;
+            return std::min(fitWidth, fitHeight) / kThumbnailsDown;
         case zmPageWidth:
             return fitWidth;
         case zmStretch:
@@ -82,12 +73,36 @@ double PreviewView::Scale() const {
     }
 }
 
+std::vector<PreviewView::Slot> PreviewView::Slots() const {
+    const QSizeF sheet = A4SizeTwips() * Scale();
+    const double stepX = sheet.width() + kPageGap;
+    const double stepY = sheet.height() + kPageGap;
+    // Thumbnails show every page, as many to a row as the view holds.
+    const bool thumbnails = control_.ZoomMode == zmThumbnail;
+    const int first = thumbnails ? 0 : control_.PreviewPage - 1;
+    const int count = thumbnails ? control_.PageCount() : PagesAcross();
+    const int across = thumbnails
+                           ? std::max(1, static_cast<int>((viewport()->width() - kPageGap) / stepX))
+                           : PagesAcross();
+    std::vector<Slot> slots;
+    for (int i = 0; i < count; ++i) {
+        const int index = first + i;
+        if (index < 0 || index >= control_.PageCount()) {
+            continue;
+        }
+        const QPointF corner(kPageGap + (i % across) * stepX, kPageGap + (i / across) * stepY);
+        slots.push_back({index, QRectF(corner, sheet)});
+    }
+    return slots;
+}
+
 void PreviewView::Refresh() {
-    const double scale = Scale();
-    const double pages = ShowsTwoPages(control_.ZoomMode) ? 2.0 : 1.0;
-    const QSizeF sheet = A4SizeTwips() * scale;
-    page_->resize(static_cast<int>(sheet.width() * pages + (pages + 1) * kPageGap),
-                  static_cast<int>(sheet.height() + 2 * kPageGap));
+    QRectF bounds(0, 0, 1, 1);
+    for (const Slot& slot : Slots()) {
+        bounds = bounds.united(slot.area);
+    }
+    page_->resize(static_cast<int>(bounds.right() + kPageGap),
+                  static_cast<int>(bounds.bottom() + kPageGap));
     page_->update();
 }
 

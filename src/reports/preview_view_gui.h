@@ -1,10 +1,12 @@
 #pragma once
 // The page area of the preview: paints the document control's current page at
-// its zoom, or two pages side by side.
+// its zoom, two pages side by side, or every page as a thumbnail.
 
 #include "reports/vsprinter_control.h"
 
 #include <QScrollArea>
+
+#include <vector>
 
 namespace quillon {
 
@@ -21,10 +23,19 @@ public:
     // Screen pixels per twip at the control's zoom and the view's size.
     double Scale() const;
 
+    // A page to paint and where, in the page area's pixels.
+    struct Slot {
+        int pageIndex;
+        QRectF area;
+    };
+    std::vector<Slot> Slots() const;
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    int PagesAcross() const;
+
     VSPrinterControl& control_;
     PreviewPage* page_;
 };

@@ -138,8 +138,10 @@ private Q_SLOTS:
     }
 
     void zoomModeAndPercent() {
-        MakeDocument(1);
+        MakeDocument(3);
         frmVSPrint preview;
+        preview.resize(900, 700);
+        QCOMPARE(preview.vp->Slots().size(), size_t(1));
         preview.cmbZoomMode->setCurrentIndex(zmPercentage);
         preview.cmbZoomMode_Click();
         QVERIFY(preview.cmbPercent->isEnabled());
@@ -151,6 +153,12 @@ private Q_SLOTS:
         preview.cmbZoomMode_Click();
         QVERIFY(!preview.cmbPercent->isEnabled());
         QCOMPARE(VSDocumentControl().ZoomMode, int(zmTwoPages));
+        QCOMPARE(preview.vp->Slots().size(), size_t(2));
+        preview.cmdLast_Click();
+        QCOMPARE(preview.vp->Slots().size(), size_t(1));  // no page beyond the last
+        preview.cmbZoomMode->setCurrentIndex(zmThumbnail);
+        preview.cmbZoomMode_Click();
+        QCOMPARE(preview.vp->Slots().size(), size_t(3));
     }
 
     // The page is painted at the zoom: a black square lands where its
