@@ -172,6 +172,19 @@ private Q_SLOTS:
         QVERIFY(desktop_.services.messages.Count() == 0);
     }
 
+    void unwritablePdfFileIsTold() {
+        Printer.setDeviceName(QString::fromLatin1(kPdfPrinterName));
+        desktop_.services.fileDialogs.Answer(QStringLiteral("/no/such/folder/list.pdf"));
+        desktop_.services.messages.Answer(vbOK);
+        const bool printed =
+            PrintListReport({QStringLiteral("Smith, Ann")}, QStringLiteral("Clients"), 1);
+        Printer.setDeviceName(QString());
+        QVERIFY(!printed);
+        QVERIFY(desktop_.services.messages.Last().prompt.contains(
+            QStringLiteral("/no/such/folder/list.pdf cannot be written")));
+        desktop_.services.messages.ClearRecord();
+    }
+
     void refusedJobIsTold() {
         desktop_.backend.failure = QStringLiteral("Paper jam");
         desktop_.services.messages.Answer(vbOK);
