@@ -37,6 +37,12 @@ enum ErrorNumber : int {
     kErrItemNotFound = 3265,       // no such field or index
     kErrObjectInvalid = 3420,      // use of a closed database or recordset
     kErrIoFailure = 3043,          // disk or network error while working on the file
+    kErrEngineFailure = 3000,      // any other failure of the engine; the text says which
+    kErrInvalidArgument = 3001,    // a bad argument: recordset type, Seek comparison or keys
+    kErrDiskFull = 3026,           // no space left to write the file
+    kErrRecordDeleted = 3167,      // the current row was deleted by another user
+    kErrOverflow = 3349,           // a number too large for its field
+    kErrTypeMismatch = 3421,       // a value that the field's type cannot hold
 };
 
 class DaoError : public std::exception {

@@ -1,0 +1,37 @@
+#pragma once
+// The database files that come with an installation, and synthetic client
+// databases of any size for tests and benchmarks. Each routine makes a new file
+// and fails with kErrDatabaseExists if `path` already exists.
+
+#include <QString>
+
+namespace quillon {
+
+// Names of the delivered files in the program folder.
+inline constexpr char kClientDatabaseFile[] = "QUILL020.MDB";
+inline constexpr char kDefaultOfficeDatabaseFile[] = "DTAXOFF2.MDB";
+inline constexpr char kDefaultDividendDatabaseFile[] = "DDIV2015.MDB";
+
+// The version written into the `Version` table of both reference files.
+inline constexpr char kDeliveredReferenceVersion[] = "2015.0";
+
+// The client that a new client database holds, so that the screens have a
+// current client from the first start.
+inline constexpr char kSampleClientFirst[] = "A.";
+inline constexpr char kSampleClientLast[] = "Sample";
+
+// A client database holding the `Common` descriptions and the sample client.
+void MakeClientDatabase(const QString& path);
+
+// A tax offices database with its published offices and version.
+void MakeOfficeDatabase(const QString& path);
+
+// A dividends database of the latest tax year with its published shares.
+void MakeDividendDatabase(const QString& path);
+
+// MakeClientDatabase plus `count` synthetic clients with a row in every client
+// table and a plausible spread of filled fields. The same count always gives
+// the same file content.
+void MakeSyntheticClientDatabase(const QString& path, int count);
+
+}  // namespace quillon

@@ -1,0 +1,538 @@
+// Positioning of table recordsets. The recordset keeps only the current row's
+// key values and rowid; every move is one or a few indexed queries for the
+// nearest row beyond that key, so that nothing depends on the table's size.
+
+#include <optional>
+
+#include "platform/dao_internal.h"
+
+namespace quillon::dao {
+
+namespace {
+
+enum class Direction { Forward, Backward };
+
+// How many rows a MoveNext reads at once, and how long those read ahead may
+// stand for the file's contents before they are read again.
+constexpr int kRowsReadAhead = 32;
+constexpr std::chrono::milliseconds kReadAheadLifetime{500};
+
+std::vector<int> keyColumns(const RecordsetState& state) {
+    return state.index ? state.index->columns : std::vector<int>{};
+}
+
+QString orderBy(const RecordsetState& state, Direction direction) {
+    const QString suffix = direction == Direction::Backward ? QStringLiteral(" DESC") : QString();
+    QStringList parts;
+    for (int column : keyColumns(state)) {
+        parts << state.table->quotedFields[column] + suffix;
+    }
+    parts << QStringLiteral("rowid") + suffix;
+    return parts.join(QStringLiteral(", "));
+}
+
+QString selectSql(const RecordsetState& state, const QStringList& where, Direction direction) {
+    QString sql = QStringLiteral("SELECT rowid, * FROM ") + QuotedName(state.table->name);
+    if (!where.isEmpty()) {
+        sql += QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND "));
+    }
+    return sql + QStringLiteral(" ORDER BY ") + orderBy(state, direction) +
+           QStringLiteral(" LIMIT 1");
+}
+
+// Reads the first row that `sql` selects; false when there is none. Further
+// rows that it selects are kept as the rows ahead.
+bool fetchWith(RecordsetState& state, const QString& sql, const QVariantList& binds) {
+    Query query(state.Conn(), sql);
+    for (int i = 0; i < binds.size(); ++i) {
+        query.Bind(i + 1, binds[i]);
+    }
+    state.ahead.clear();
+    if (!query.Step(QString(), state.table.get())) {
+        return false;
+    }
+    state.TakeRow(query.Statement());
+    while (query.Step(QString(), state.table.get())) {
+        state.ahead.push_back(
+            {sqlite3_column_int64(query.Statement(), 0), state.RowValues(query.Statement())});
+    }
+    state.aheadEpoch = state.connection->writeEpoch;
+    state.aheadReadAt = std::chrono::steady_clock::now();
+    return true;
+}
+
+bool fetchRow(RecordsetState& state, const QStringList& where, const QVariantList& binds,
+              Direction direction) {
+    return fetchWith(state, selectSql(state, where, direction), binds);
+}
+
+// Conditions that the first `count` key fields equal `keys`.
+void equalPrefix(const RecordsetState& state, const QVariantList& keys, int count,
+                 QStringList& where, QVariantList& binds) {
+    const std::vector<int> columns = keyColumns(state);
+    for (int i = 0; i < count; ++i) {
+        const QString& field = state.table->quotedFields[columns[i]];
+        if (keys[i].isNull()) {
+            where << field + QStringLiteral(" IS NULL");
+        } else {
+            where << field + QStringLiteral(" = ?");
+            binds << keys[i];
+        }
+    }
+}
+
+bool allPresent(const QVariantList& keys) {
+    for (const QVariant& key : keys) {
+        if (key.isNull()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// One query for the common case of a forward step from non-Null keys: the row
+// value comparison uses the index directly, and rows with Null keys, which sort
+// first, are rightly left out.
+bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys,
+                            std::optional<qint64> rowid, bool inclusive) {
+    QVariantList binds = keys;
+    if (rowid) {
+        binds << *rowid;
+    }
+    const int shape = int(keys.size()) * 4 + (rowid ? 1 : 0) + (inclusive ? 2 : 0);
+    QString& sql = state.sqlByShape[shape];
+    if (sql.isEmpty()) {
+        const std::vector<int> columns = keyColumns(state);
+        QStringList left;
+        for (int i = 0; i < keys.size(); ++i) {
+            left << state.table->quotedFields[columns[i]];
+        }
+        if (rowid) {
+            left << QStringLiteral("rowid");
+        }
+        const QString comparison =
+            inclusive && !rowid ? QStringLiteral(" >= ") : QStringLiteral(" > ");
+        const QString condition =
+            QLatin1Char('(') + left.join(QStringLiteral(", ")) + QLatin1Char(')') + comparison +
+            QLatin1Char('(') +
+            QStringList(left.size(), QStringLiteral("?")).join(QLatin1Char(',')) + QLatin1Char(')');
+        sql = selectSql(state, {condition}, Direction::Forward);
+        if (rowid) {
+            // A step from a row: likely one of many, so read a few ahead.
+            sql.replace(QStringLiteral(" LIMIT 1"),
+                        QStringLiteral(" LIMIT %1").arg(kRowsReadAhead));
+        }
+    }
+    return fetchWith(state, sql, binds);
+}
+
+// Finds the nearest row beyond the boundary `keys` (the first keys.size() key
+// fields) in `direction`. With `rowid` the boundary is one row and the rowid
+// breaks ties of equal keys; with `inclusive` rows whose keys equal `keys`
+// count as beyond it. Null sorts before any value, as it does in the index.
+bool fetchBeyond(RecordsetState& state, const QVariantList& keys, std::optional<qint64> rowid,
+                 Direction direction, bool inclusive) {
+    if (direction == Direction::Forward && allPresent(keys) && (rowid || !keys.isEmpty())) {
+        return fetchForwardByRowValue(state, keys, rowid, inclusive);
+    }
+    const std::vector<int> columns = keyColumns(state);
+    const bool forward = direction == Direction::Forward;
+    if (rowid || inclusive) {
+        QStringList where;
+        QVariantList binds;
+        equalPrefix(state, keys, int(keys.size()), where, binds);
+        if (rowid) {
+            where << (forward ? QStringLiteral("rowid > ?") : QStringLiteral("rowid < ?"));
+            binds << *rowid;
+        }
+        if (fetchRow(state, where, binds, direction)) {
+            return true;
+        }
+    }
+    for (int level = int(keys.size()) - 1; level >= 0; --level) {
+        QStringList where;
+        QVariantList binds;
+        equalPrefix(state, keys, level, where, binds);
+        const QString& field = state.table->quotedFields[columns[level]];
+        if (forward) {
+            if (keys[level].isNull()) {
+                where << field + QStringLiteral(" IS NOT NULL");
+            } else {
+                where << field + QStringLiteral(" > ?");
+                binds << keys[level];
+            }
+            if (fetchRow(state, where, binds, direction)) {
+                return true;
+            }
+            continue;
+        }
+        if (keys[level].isNull()) {
+            continue;  // nothing sorts before Null
+        }
+        QStringList below = where;
+        below << field + QStringLiteral(" < ?");
+        if (fetchRow(state, below, binds + QVariantList{keys[level]}, direction)) {
+            return true;
+        }
+        where << field + QStringLiteral(" IS NULL");
+        if (fetchRow(state, where, binds, direction)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool fetchEnd(RecordsetState& state, Direction direction) {
+    QString& sql = state.sqlByShape[direction == Direction::Forward ? -1 : -2];
+    if (sql.isEmpty()) {
+        sql = selectSql(state, {}, direction);
+    }
+    return fetchWith(state, sql, {});
+}
+
+}  // namespace
+
+Connection& RecordsetState::Conn() const {
+    RequireOpen();
+    return *connection;
+}
+
+void RecordsetState::RequireOpen() const {
+    if (closed || !connection || !connection->IsOpen()) {
+        throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset of table '%1' is closed.")
+                                              .arg(table ? table->name : QString()));
+    }
+}
+
+void RecordsetState::RequireCurrentRow() const {
+    RequireOpen();
+    if (!hasRow) {
+        throw DaoError(kErrNoCurrentRecord,
+                       QStringLiteral("There is no current row in table '%1'.").arg(table->name));
+    }
+}
+
+QVariantList RecordsetState::RowValues(sqlite3_stmt* statement) const {
+    const int available = sqlite3_column_count(statement) - 1;
+    const int count = int(table->fields.size());
+    QVariantList row;
+    row.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        row << (i < available ? ColumnValue(statement, i + 1, table->fields[i].type) : QVariant());
+    }
+    return row;
+}
+
+bool RecordsetState::TakeRowAhead() {
+    if (ahead.empty() || aheadEpoch != connection->writeEpoch ||
+        std::chrono::steady_clock::now() - aheadReadAt > kReadAheadLifetime) {
+        ahead.clear();
+        return false;
+    }
+    rowid = ahead.front().rowid;
+    values = std::move(ahead.front().values);
+    ahead.pop_front();
+    return true;
+}
+
+void RecordsetState::TakeRow(sqlite3_stmt* statement) {
+    rowid = sqlite3_column_int64(statement, 0);
+    values = RowValues(statement);
+    startPending = false;
+    hasRow = true;
+    cursorValid = true;
+    bof = false;
+    eof = false;
+}
+
+void RecordsetState::SetBeforeFirst(bool emptyToo) {
+    ahead.clear();
+    startPending = false;
+    hasRow = false;
+    cursorValid = false;
+    bof = true;
+    eof = emptyToo;
+}
+
+void RecordsetState::SetAfterLast(bool emptyToo) {
+    ahead.clear();
+    startPending = false;
+    hasRow = false;
+    cursorValid = false;
+    eof = true;
+    bof = emptyToo;
+}
+
+void RecordsetState::SetNowhere() {
+    ahead.clear();
+    startPending = false;
+    hasRow = false;
+    cursorValid = false;
+    bof = false;
+    eof = false;
+}
+
+QVariantList RecordsetState::KeyValues() const {
+    QVariantList keys;
+    for (int column : keyColumns(*this)) {
+        keys << values[column];
+    }
+    return keys;
+}
+
+void RecordsetState::Settle() {
+    if (startPending) {
+        Start();
+    }
+}
+
+void RecordsetState::Start() {
+    startPending = false;
+    noMatch = false;
+    if (!fetchEnd(*this, Direction::Forward)) {
+        SetBeforeFirst(true);
+    }
+}
+
+bool RecordsetState::RereadCurrentRow() {
+    Query query(Conn(), QStringLiteral("SELECT rowid, * FROM ") + QuotedName(table->name) +
+                            QStringLiteral(" WHERE rowid = ?1"));
+    query.Bind(1, rowid);
+    if (!query.Step(QString(), table.get())) {
+        hasRow = false;
+        return false;
+    }
+    TakeRow(query.Statement());
+    return true;
+}
+
+namespace {
+
+// The open recordset; `settle` stands it on its first row if it was left for later.
+RecordsetState& openState(const std::unique_ptr<RecordsetState>& state, bool settle = true) {
+    if (!state) {
+        throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset is not open."));
+    }
+    state->RequireOpen();
+    if (settle) {
+        state->Settle();
+    }
+    return *state;
+}
+
+// A move abandons a pending Edit or AddNew, as it always has.
+// `fromHere` tells a move that starts from the current position from one
+// that sets a new position, which needs no start.
+RecordsetState& stateForMove(const std::unique_ptr<RecordsetState>& state, bool fromHere) {
+    RecordsetState& s = openState(state, fromHere);
+    s.EndEdit();
+    s.noMatch = false;
+    return s;
+}
+
+[[noreturn]] void throwNoCurrentRow(const RecordsetState& state) {
+    throw DaoError(kErrNoCurrentRecord,
+                   QStringLiteral("There is no current row in table '%1' to move from.")
+                       .arg(state.table->name));
+}
+
+void moveToEnd(RecordsetState& state, Direction direction) {
+    if (fetchEnd(state, direction)) {
+        return;
+    }
+    state.SetBeforeFirst(true);
+    throw DaoError(kErrNoCurrentRecord,
+                   QStringLiteral("Table '%1' has no rows to move to.").arg(state.table->name));
+}
+
+}  // namespace
+
+Recordset::Recordset() = default;
+Recordset::Recordset(std::unique_ptr<RecordsetState> state) : state_(std::move(state)) {}
+Recordset::Recordset(Recordset&&) noexcept = default;
+
+Recordset& Recordset::operator=(Recordset&& other) noexcept {
+    if (this != &other) {
+        if (state_) {
+            state_->EndEditQuietly();
+        }
+        state_ = std::move(other.state_);
+    }
+    return *this;
+}
+
+Recordset::~Recordset() {
+    if (state_) {
+        state_->EndEditQuietly();
+    }
+}
+
+QString Recordset::Name() const {
+    return state_ && state_->table ? state_->table->name : QString();
+}
+
+bool Recordset::IsOpen() const {
+    return state_ && !state_->closed && state_->connection && state_->connection->IsOpen();
+}
+
+void Recordset::Close() {
+    if (!state_ || state_->closed) {
+        return;
+    }
+    state_->EndEditQuietly();
+    state_->closed = true;
+}
+
+void Recordset::SetIndex(const QString& indexName) {
+    RecordsetState& state = stateForMove(state_, false);
+    if (indexName.isEmpty()) {
+        state.index = nullptr;
+    } else {
+        const IndexInfo* index = state.table->FindIndex(indexName);
+        if (index == nullptr) {
+            throw DaoError(
+                kErrItemNotFound,
+                QStringLiteral("Table '%1' has no index '%2'.").arg(state.table->name, indexName));
+        }
+        state.index = index;
+    }
+    state.sqlByShape.clear();
+    state.ahead.clear();
+    state.hasRow = false;
+    state.startPending = true;
+}
+
+QString Recordset::Index() const {
+    return state_ && state_->index ? state_->index->name : QString();
+}
+
+void Recordset::Seek(const QString& comparison, const QVariantList& keys) {
+    RecordsetState& state = stateForMove(state_, false);
+    if (state.index == nullptr) {
+        throw DaoError(kErrIndexNotSet,
+                       QStringLiteral("Seek on table '%1' needs an index to be set first.")
+                           .arg(state.table->name));
+    }
+    if (keys.isEmpty() || keys.size() > qsizetype(state.index->columns.size())) {
+        throw DaoError(
+            kErrInvalidArgument,
+            QStringLiteral("Seek on index '%1' of table '%2' takes 1 to %3 keys, not %4.")
+                .arg(state.index->name, state.table->name)
+                .arg(state.index->columns.size())
+                .arg(keys.size()));
+    }
+    const QString op = comparison.trimmed();
+    bool found = false;
+    if (op == QLatin1String("=")) {
+        QStringList where;
+        QVariantList binds;
+        equalPrefix(state, keys, int(keys.size()), where, binds);
+        found = fetchRow(state, where, binds, Direction::Forward);
+    } else if (op == QLatin1String(">=") || op == QLatin1String(">")) {
+        found =
+            fetchBeyond(state, keys, std::nullopt, Direction::Forward, op == QLatin1String(">="));
+    } else if (op == QLatin1String("<=") || op == QLatin1String("<")) {
+        found =
+            fetchBeyond(state, keys, std::nullopt, Direction::Backward, op == QLatin1String("<="));
+    } else {
+        throw DaoError(kErrInvalidArgument,
+                       QStringLiteral("Seek does not know the comparison \"%1\".").arg(comparison));
+    }
+    state.noMatch = !found;
+    if (!found) {
+        state.SetNowhere();
+    }
+}
+
+bool Recordset::NoMatch() const {
+    return openState(state_).noMatch;
+}
+
+bool Recordset::BOF() const {
+    return openState(state_).bof;
+}
+
+bool Recordset::IsEOF() const {
+    return openState(state_).eof;
+}
+
+void Recordset::MoveFirst() {
+    moveToEnd(stateForMove(state_, false), Direction::Forward);
+}
+
+void Recordset::MoveLast() {
+    moveToEnd(stateForMove(state_, false), Direction::Backward);
+}
+
+void Recordset::MoveNext() {
+    RecordsetState& state = stateForMove(state_, true);
+    if (state.eof) {
+        throwNoCurrentRow(state);
+    }
+    if (state.hasRow && state.TakeRowAhead()) {
+        return;
+    }
+    if (state.cursorValid) {
+        if (!fetchBeyond(state, state.KeyValues(), state.rowid, Direction::Forward, false)) {
+            state.SetAfterLast(false);
+        }
+    } else if (state.bof) {
+        if (!fetchEnd(state, Direction::Forward)) {
+            state.SetAfterLast(true);
+        }
+    } else {
+        throwNoCurrentRow(state);
+    }
+}
+
+void Recordset::MovePrevious() {
+    RecordsetState& state = stateForMove(state_, true);
+    if (state.bof) {
+        throwNoCurrentRow(state);
+    }
+    if (state.cursorValid) {
+        if (!fetchBeyond(state, state.KeyValues(), state.rowid, Direction::Backward, false)) {
+            state.SetBeforeFirst(false);
+        }
+    } else if (state.eof) {
+        if (!fetchEnd(state, Direction::Backward)) {
+            state.SetBeforeFirst(true);
+        }
+    } else {
+        throwNoCurrentRow(state);
+    }
+}
+
+int Recordset::FieldCount() const {
+    return int(openState(state_, false).table->fields.size());
+}
+
+Field Recordset::Fields(const QString& name) const {
+    RecordsetState& state = openState(state_);
+    const int ordinal = state.table->FieldOrdinal(name);
+    if (ordinal < 0) {
+        throw DaoError(
+            kErrItemNotFound,
+            QStringLiteral("Table '%1' has no field '%2'.").arg(state.table->name, name));
+    }
+    return Field(&state, ordinal);
+}
+
+Field Recordset::Fields(int ordinal) const {
+    RecordsetState& state = openState(state_);
+    if (ordinal < 0 || ordinal >= int(state.table->fields.size())) {
+        throw DaoError(kErrItemNotFound, QStringLiteral("Table '%1' has no field number %2.")
+                                             .arg(state.table->name)
+                                             .arg(ordinal));
+    }
+    return Field(&state, ordinal);
+}
+
+long Recordset::RecordCount() const {
+    RecordsetState& state = openState(state_, false);
+    Query query(state.Conn(),
+                QStringLiteral("SELECT count(*) FROM ") + QuotedName(state.table->name));
+    return query.Step() ? long(sqlite3_column_int64(query.Statement(), 0)) : 0;
+}
+
+}  // namespace quillon::dao

@@ -1,0 +1,106 @@
+// A second user of a database file, driven by a test over stdin and stdout.
+// Each command is one line of tab-separated words; each answer is one line,
+// "ok" or "error <number> <description>".
+//
+//   open <path>                    open the database
+//   timeout <ms>                   set the lock timeout
+//   edit <table> <last> <first>    seek the client by index Name and start Edit
+//   set <field> <text>             assign a text field of the pending Edit
+//   update                         Update
+//   begin / commit                 BeginTrans / CommitTrans
+//   add <last> <first>             add the client to every table present
+//   churn                          forever: begin, add a client to every table,
+//                                  commit, answer "committed <n>"
+//   close                          close the recordset and the database
+//   quit                           exit
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include "platform/dao.h"
+
+using namespace quillon;
+
+namespace {
+
+struct Peer {
+    dao::Database db;
+    dao::Recordset rs;
+};
+
+void answer(const QString& line) {
+    std::cout << line.toStdString() << std::endl;
+}
+
+void addClientEverywhere(Peer& peer, const QString& last, const QString& first) {
+    for (const QString& table : peer.db.TableNames()) {
+        dao::Recordset rs = peer.db.OpenRecordset(table);
+        rs.AddNew();
+        rs.Fields(QStringLiteral("Last Name")).SetValue(last);
+        rs.Fields(QStringLiteral("First Names")).SetValue(first);
+        rs.Update();
+    }
+}
+
+[[noreturn]] void churn(Peer& peer) {
+    for (int n = 1;; ++n) {
+        peer.db.BeginTrans();
+        addClientEverywhere(peer, QStringLiteral("Churn"), QString::number(n));
+        peer.db.CommitTrans();
+        answer(QStringLiteral("committed %1").arg(n));
+    }
+}
+
+void run(Peer& peer, const QStringList& words) {
+    const QString& command = words.value(0);
+    if (command == QLatin1String("open")) {
+        peer.db = dao::OpenDatabase(words.value(1));
+    } else if (command == QLatin1String("timeout")) {
+        dao::SetLockTimeout(words.value(1).toInt());
+    } else if (command == QLatin1String("edit")) {
+        peer.rs = peer.db.OpenRecordset(words.value(1));
+        peer.rs.SetIndex(QStringLiteral("Name"));
+        peer.rs.Seek(QStringLiteral("="), {words.value(2), words.value(3)});
+        peer.rs.Edit();
+    } else if (command == QLatin1String("set")) {
+        peer.rs.Fields(words.value(1)).SetValue(words.value(2));
+    } else if (command == QLatin1String("update")) {
+        peer.rs.Update();
+    } else if (command == QLatin1String("begin")) {
+        peer.db.BeginTrans();
+    } else if (command == QLatin1String("commit")) {
+        peer.db.CommitTrans();
+    } else if (command == QLatin1String("add")) {
+        addClientEverywhere(peer, words.value(1), words.value(2));
+    } else if (command == QLatin1String("churn")) {
+        churn(peer);
+    } else if (command == QLatin1String("close")) {
+        peer.rs.Close();
+        peer.db.Close();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication app(argc, argv);
+    Peer peer;
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        const QStringList words = QString::fromStdString(line).split(QLatin1Char('\t'));
+        if (words.value(0) == QLatin1String("quit")) {
+            break;
+        }
+        try {
+            run(peer, words);
+            answer(QStringLiteral("ok"));
+        } catch (const dao::DaoError& error) {
+            answer(QStringLiteral("error %1 %2").arg(error.Number()).arg(error.Description()));
+        }
+    }
+    return 0;
+}
