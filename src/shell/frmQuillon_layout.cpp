@@ -38,12 +38,11 @@ QMenu* frmQuillon::addSubmenu(QMenu* menu, const char* name, const QString& capt
 
 void frmQuillon::buildFileMenu(QMenu* menu) {
     for (int n = 1; n < static_cast<int>(mnuAltFile.size()); ++n) {
-        mnuAltFile[n] = addItem(menu, "mnuAltFile", QString());
+        mnuAltFile[n] = menu->addAction(QString());
         mnuAltFile[n]->setObjectName(QStringLiteral("mnuAltFile(%1)").arg(n));
         mnuAltFile[n]->setCheckable(true);
         mnuAltFile[n]->setVisible(false);
     }
-    commands_.remove(QStringLiteral("mnuAltFile"));
     menu->addSeparator();
     addItem(menu, "mnuManager", QStringLiteral("&Manager..."));
     addItem(menu, "mnuImport", QStringLiteral("&Import..."));

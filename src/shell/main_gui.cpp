@@ -3,6 +3,7 @@
 
 #include "platform/services.h"
 #include "platform/services_gui.h"
+#include "reports/frmVSPrintSettings.h"
 #include "shell/environment.h"
 #include "shell/forms_gui.h"
 #include "shell/frmAbout.h"
@@ -74,7 +75,9 @@ void RegisterProgramForms() {
     registerForm<frmTip>();
     registerDialog<frmAbout>();
     registerDialog<frmFolderManager>();
-    // The forms of the other parts of the program are registered here as well.
+    // The forms of the other parts of the program, by the names their commands use.
+    RegisterForm(QStringLiteral("frmVSPrintSettings"),
+                 [] { return new frmVSPrintSettings(LoadedForm(QStringLiteral("frmQuillon"))); });
 }
 
 bool StartProgram() {

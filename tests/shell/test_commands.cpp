@@ -283,6 +283,22 @@ private Q_SLOTS:
         QCOMPARE(folder.ConfigText(), QByteArray("untouched"));
     }
 
+    void reportSettingsOpenModallyOverTheMainWindow() {
+        ProgramFolderCopy folder;
+        ScriptedServices services;
+        SetDefaults();
+        auto* main = LoadForm<frmQuillon>();
+        QString shown;
+        QTimer::singleShot(0, [&shown] {
+            QWidget* modal = QApplication::activeModalWidget();
+            QVERIFY(modal);
+            shown = modal->objectName();
+            modal->close();
+        });
+        main->Command("mnuSettingsReports")->trigger();
+        QCOMPARE(shown, QStringLiteral("frmVSPrintSettings"));
+    }
+
     void aboutBoxTellsTheVersionAndFindsNoSystemInformation() {
         ProgramFolderCopy folder;
         ScriptedServices services;
