@@ -228,6 +228,7 @@ void frmQuillon::BuildFileMenu() {
     for (int n = 1; n <= kDatabaseSlots; ++n) {
         QAction* item = mnuAltFile[n];
         if (DatabaseTitle[n].isEmpty()) {
+            altFileTicked_[n] = false;
             item->setVisible(false);
             continue;
         }
