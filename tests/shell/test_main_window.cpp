@@ -1,6 +1,7 @@
 // The main window's load on the databases a folder holds: the enabling of its
 // commands, the placing of the delivered databases, the check of the client
 // database and the window's place.
+#include "platform/dao.h"
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
@@ -158,6 +159,23 @@ private Q_SLOTS:
         QVERIFY(UserTitle.isEmpty());
         // The file is there, so the way to repair it stays open.
         QCOMPARE(enabledAmong(main, kClientCommands, false), QStringList());
+    }
+
+    void aDatabaseHeldExclusivelyIsNotAvailable() {
+        ProgramFolderCopy folder;
+        ScriptedServices services;
+        SetDefaults();
+        dao::Database holder = dao::OpenDatabase(folder.File("QUILL020.MDB"), true);
+        services.messages.Answer(vbOK);
+        auto* main = loadMainWindow();
+        QCOMPARE(services.messages.Count(), 1);
+        QCOMPARE(services.messages.Last().prompt,
+                 QStringLiteral("The database \"Default Database\" is not available."));
+        QCOMPARE(services.messages.Last().style & kMsgBoxIconMask, int(vbExclamation));
+        QCOMPARE(services.messages.Beeps(), 1);
+        QCOMPARE(main->windowTitle(), QStringLiteral("Quillon"));
+        QCOMPARE(enabledAmong(main, kClientCommands, false), QStringList());
+        holder.Close();
     }
 
     void taxOfficesArePlacedFromTheDeliveredCopy() {
