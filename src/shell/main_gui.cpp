@@ -4,6 +4,7 @@
 #include "platform/services.h"
 #include "platform/services_gui.h"
 #include "reports/frmVSPrintSettings.h"
+#include "sections/section_forms_gui.h"
 #include "shell/environment.h"
 #include "shell/forms_gui.h"
 #include "shell/frmAbout.h"
@@ -75,6 +76,7 @@ void RegisterProgramForms() {
     registerForm<frmTip>();
     registerDialog<frmAbout>();
     registerDialog<frmFolderManager>();
+    RegisterSectionForms();
     // The forms of the other parts of the program, by the names their commands use.
     RegisterForm(QStringLiteral("frmVSPrintSettings"),
                  [] { return new frmVSPrintSettings(LoadedForm(QStringLiteral("frmQuillon"))); });

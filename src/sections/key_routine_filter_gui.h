@@ -1,0 +1,14 @@
+#pragma once
+// Puts one of the key filter routines (DateKeyFilter, AmountKeyFilter, ...) in
+// front of a text box: each typed character goes through the routine, which
+// may refuse it with a beep or type another character in its place.
+
+class QLineEdit;
+
+namespace quillon {
+
+using KeyRoutine = void (*)(int& key);
+
+void InstallKeyRoutine(QLineEdit* box, KeyRoutine routine);
+
+}  // namespace quillon

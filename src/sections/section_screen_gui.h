@@ -1,0 +1,110 @@
+#pragma once
+// What the eight section screens have in common. A screen shows one client's
+// row of its table; it reads the row whenever it is activated and saves it
+// whenever it is left: deactivated, unloaded, or moved to another client. There
+// is no Save button. Only a bad date stops a save, and then the user stays in
+// the bad box until it is mended or emptied.
+//
+// A screen adds its own boxes to Body(), binds them to fields through Image(),
+// names its date boxes with AddDateBox() in the order they are checked, and
+// overrides the few hooks below where it differs.
+
+#include "sections/record_image_gui.h"
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+class QLineEdit;
+class QMdiSubWindow;
+class QPushButton;
+
+namespace quillon {
+
+class SectionScreen : public QWidget {
+    Q_OBJECT
+
+public:
+    // The section screens, in the order of their numbers in ActiveSection.
+    static const QStringList& ScreenNames();
+
+    // True from loading until the end of the first activation: a screen that
+    // has read nothing must never write its empty boxes over a row.
+    bool Loading = true;
+
+    QWidget* picRecord = nullptr;
+    QPushButton* cm3First = nullptr;
+    QPushButton* cm3Previous = nullptr;
+    QPushButton* cm3Next = nullptr;
+    QPushButton* cm3Last = nullptr;
+    QPushButton* cm3Help = nullptr;
+
+    void Form_Activate();
+    void Form_Deactivate();
+    void Form_Resize();
+    void ReadCRecord();
+    void WriteCRecord();
+    // True when a date box holds a bad date; that box has then been rejected.
+    bool CheckDates();
+    void RejectDate(QLineEdit* box);
+    // A move button: saves, moves the current client one step in `direction`
+    // ("First", "Previous", "Next", "Last") and reads the new one.
+    void MoveRecord(const QString& direction);
+
+protected:
+    struct Definition {
+        qint16 number;  // ActiveSection
+        QString name;   // the form's name
+        QString table;  // also the move key
+        QString* shownFirst;
+        QString* shownLast;
+        bool dateGate;  // whether a bad date stops a save
+    };
+    using DateTest = bool (*)(const QString&);
+
+    SectionScreen(Definition definition, QWidget* parent);
+
+    QWidget* Body() const { return body_; }
+    RecordImage& Image() { return image_; }
+    const Definition& Section() const { return definition_; }
+    // A date box, checked after those added before it and when the focus leaves it.
+    void AddDateBox(QLineEdit* box, DateTest test);
+    // The shown client as a caption starts: first names, a blank, last name.
+    QString ShownClient() const;
+
+    virtual QString Caption() const;
+    // Reads beyond the row, after ReadCRecord at activation.
+    virtual void ReadMore() {}
+    // The beep and message for a bad date in `box`.
+    virtual void TellBadDate(QLineEdit* box);
+
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct DateBox {
+        QLineEdit* box;
+        DateTest test;
+    };
+
+    void BuildFrame();
+    void AttachToChildWindow();
+    void SubWindowActivated(QMdiSubWindow* window);
+    void ChildWindowStateChanged(Qt::WindowStates oldState, Qt::WindowStates newState);
+    void BringBack();
+    bool LostFocusIsChecked(QEvent* event) const;
+
+    Definition definition_;
+    RecordImage image_;
+    QWidget* body_ = nullptr;
+    std::vector<DateBox> dateBoxes_;
+    QMdiSubWindow* frame_ = nullptr;
+    bool active_ = false;
+    bool rejecting_ = false;
+    bool unloaded_ = false;
+};
+
+}  // namespace quillon

@@ -1,0 +1,125 @@
+#include "support/section_testing.h"
+
+#include "data/data_access.h"
+#include "data/database_schema.h"
+#include "data/delivered_databases.h"
+#include "platform/dao.h"
+#include "shell/configuration.h"
+#include "shell/forms_gui.h"
+#include "shell/frmQuillon.h"
+#include "shell/variables.h"
+#include "support/shell_testing.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QtTest>
+
+namespace quillon::testing {
+
+namespace {
+
+dao::Recordset SeekRow(dao::Database& db, const QString& table, const ClientName& client) {
+    dao::Recordset row = db.OpenRecordset(table);
+    row.SetIndex(QStringLiteral("Name"));
+    row.Seek(QStringLiteral("="), {client.last, client.first});
+    if (row.NoMatch()) {
+        QTest::qFail(
+            qPrintable(QStringLiteral("no row of ") + client.last + QStringLiteral(" in ") + table),
+            __FILE__, __LINE__);
+    }
+    return row;
+}
+
+}  // namespace
+
+SectionWorld::SectionWorld(const QList<ClientName>& clients) {
+    PrepareShellTests();
+    SetDefaults();
+    QFile::remove(DatabasePath());
+    MakeClientDatabase(DatabasePath());
+    dao::Database db = dao::OpenDatabase(DatabasePath());
+    for (const QString& table : ClientTableNames()) {
+        dao::Recordset rows = db.OpenRecordset(table);
+        for (const ClientName& client : clients) {
+            rows.AddNew();
+            rows.Fields(QStringLiteral("First Names")).SetValue(client.first);
+            rows.Fields(QStringLiteral("Last Name")).SetValue(client.last);
+            rows.Update();
+        }
+    }
+    db.Close();
+    CurrentFirst = clients.value(0).first;
+    CurrentLast = clients.value(0).last;
+    ActiveSection = 0;
+    auto* main = LoadForm<frmQuillon>();
+    QApplication::setActiveWindow(main);
+}
+
+SectionWorld::~SectionWorld() {
+    CloseMainWindow();
+}
+
+QString SectionWorld::DatabasePath() const {
+    return folder_.File(QStringLiteral("QUILL020.MDB"));
+}
+
+QWidget* SectionWorld::MainWindow() const {
+    return LoadedForm<frmQuillon>();
+}
+
+QVariant FieldOf(const QString& table, const ClientName& client, const QString& field) {
+    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Recordset row = SeekRow(db, table, client);
+    return row.NoMatch() ? QVariant() : row.Fields(field).Value();
+}
+
+void SetFields(const QString& table, const ClientName& client,
+               const QList<QPair<QString, QVariant>>& values) {
+    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Recordset row = SeekRow(db, table, client);
+    row.Edit();
+    for (const auto& [field, value] : values) {
+        row.Fields(field).SetValue(value);
+    }
+    row.Update();
+}
+
+QVariant CommonField(const QString& name, const QString& field) {
+    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Recordset row = db.OpenRecordset(QStringLiteral("Common"));
+    row.SetIndex(QStringLiteral("Name"));
+    row.Seek(QStringLiteral("="), {name});
+    return row.NoMatch() ? QVariant() : row.Fields(field).Value();
+}
+
+void Trigger(const QString& command) {
+    auto* main = LoadedForm<frmQuillon>();
+    QVERIFY(main);
+    main->Command(command)->trigger();
+}
+
+void Focus(QWidget* widget) {
+    widget->setFocus(Qt::MouseFocusReason);
+    QApplication::processEvents();
+}
+
+void Leave(QWidget* box) {
+    if (box->hasFocus()) {
+        QTest::keyClick(box, Qt::Key_Tab);
+    }
+}
+
+void TypeInto(QLineEdit* box, const QString& text) {
+    Focus(box);
+    box->selectAll();
+    if (text.isEmpty()) {
+        QTest::keyClick(box, Qt::Key_Delete);
+    } else {
+        QTest::keyClicks(box, text);
+    }
+    Leave(box);
+}
+
+}  // namespace quillon::testing

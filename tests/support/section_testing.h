@@ -1,0 +1,55 @@
+#pragma once
+// A client database with a few clients, the main window over it, and the means
+// to read and change rows behind the screens' backs, for the tests of the
+// section screens.
+
+#include "support/program_folder_copy.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+class QLineEdit;
+class QWidget;
+
+namespace quillon::testing {
+
+struct ClientName {
+    QString first;
+    QString last;
+};
+
+// The program folder holds a client database with `clients` in every client
+// table, the first of them current, and the main window is open on it.
+class SectionWorld {
+public:
+    explicit SectionWorld(const QList<ClientName>& clients);
+    ~SectionWorld();
+    SectionWorld(const SectionWorld&) = delete;
+    SectionWorld& operator=(const SectionWorld&) = delete;
+
+    QString DatabasePath() const;
+    QWidget* MainWindow() const;
+
+private:
+    ProgramFolderCopy folder_;
+};
+
+// A field of a client's row, read through a connection of its own.
+QVariant FieldOf(const QString& table, const ClientName& client, const QString& field);
+// Sets fields of a client's row through a connection of its own.
+void SetFields(const QString& table, const ClientName& client,
+               const QList<QPair<QString, QVariant>>& values);
+// A field of the `Common` row `name`.
+QVariant CommonField(const QString& name, const QString& field);
+
+// Runs a main window command, as a click on its button or menu item.
+void Trigger(const QString& command);
+
+// Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
+void TypeInto(QLineEdit* box, const QString& text);
+void Focus(QWidget* widget);
+// Moves the focus out of `box` to the next control, as Tab does.
+void Leave(QWidget* box);
+
+}  // namespace quillon::testing
