@@ -47,8 +47,7 @@ dao::Recordset SeekUserCommon(dao::Database& db) {
 
 }  // namespace
 
-frmUser::frmUser(QWidget* parent)
-    : SectionScreen({7, kModule, QStringLiteral("User"), &UserFirst, &UserLast, false}, parent) {
+frmUser::frmUser(QWidget* parent) : SectionScreen(kUserSection, parent) {
     BuildLines();
     for (int i = 1; i <= kLines; ++i) {
         Image().BindText(txtLeft[i], QStringLiteral("Left %1").arg(i));
@@ -86,8 +85,8 @@ void frmUser::BuildLines() {
     grid->addWidget(txtNoteRight, kLines + 1, 2);
 }
 
-QString frmUser::Caption() const {
-    return ShownClient() + QStringLiteral(" (") + txtUserFormTitle->text() + QLatin1Char(')');
+QString frmUser::CaptionDetail() const {
+    return txtUserFormTitle->text();
 }
 
 void frmUser::ReadMore() {
@@ -159,6 +158,11 @@ void frmUser::txtUserFormTitle_Change() {
     }
 }
 
+void frmUser::txtUserFormTitle_LostFocus() {
+    // Stored only now, though shown everywhere since the first key.
+    WriteTitle();
+}
+
 void frmUser::WriteTitle() {
     try {
         dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
@@ -180,7 +184,7 @@ bool frmUser::eventFilter(QObject* watched, QEvent* event) {
     const bool focusOut = event->type() == QEvent::FocusOut;
     if ((focusIn || focusOut) && ByTheUser(event)) {
         if (watched == txtUserFormTitle && focusOut) {
-            WriteTitle();
+            txtUserFormTitle_LostFocus();
         }
         for (int i = 1; i <= kLines; ++i) {
             if (watched != txtCommon[i]) {

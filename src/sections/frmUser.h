@@ -34,9 +34,10 @@ public:
     void txtCommon_GotFocus(int index);
     void txtCommon_LostFocus(int index);
     void txtUserFormTitle_Change();
+    void txtUserFormTitle_LostFocus();
 
 protected:
-    QString Caption() const override;
+    QString CaptionDetail() const override;
     void ReadMore() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

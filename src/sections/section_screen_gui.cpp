@@ -58,19 +58,14 @@ dao::Database OpenClientDatabase() {
 
 }  // namespace
 
-const QStringList& SectionScreen::ScreenNames() {
-    static const QStringList names = {
-        QStringLiteral("frmPersonal"),      QStringLiteral("frmEmployment"),
-        QStringLiteral("frmBusiness"),      QStringLiteral("frmAssets"),
-        QStringLiteral("frmContributions"), QStringLiteral("frmAdministration"),
-        QStringLiteral("frmUser"),          QStringLiteral("frmDiary"),
-    };
-    return names;
-}
-
-SectionScreen::SectionScreen(Definition definition, QWidget* parent)
-    : QWidget(parent), definition_(std::move(definition)), image_(definition_.table) {
-    setObjectName(definition_.name);
+SectionScreen::SectionScreen(int section, QWidget* parent)
+    : QWidget(parent),
+      section_(section),
+      name_(SectionFormName(section)),
+      shown_(SectionShownClient(section)),
+      dateGate_(SectionHasDateGate(section)),
+      image_(SectionTableName(section)) {
+    setObjectName(name_);
     BuildFrame();
 }
 
@@ -111,28 +106,30 @@ void SectionScreen::AddDateBox(QLineEdit* box, DateTest test) {
     box->installEventFilter(this);
 }
 
-QString SectionScreen::ShownClient() const {
-    return *definition_.shownFirst + QLatin1Char(' ') + *definition_.shownLast;
+QString SectionScreen::ShownClientName() const {
+    return *shown_.first + QLatin1Char(' ') + *shown_.last;
 }
 
 QString SectionScreen::Caption() const {
-    return ShownClient() + QStringLiteral(" (") + definition_.table + QLatin1Char(')');
+    return SectionCaption(section_, ShownClientName(), Page(), CaptionDetail());
 }
 
 void SectionScreen::Form_Activate() {
     WaitPointer wait;
+    Reading = true;
     ReadCRecord();
+    Reading = false;
     try {
         ReadMore();
     } catch (const std::exception& error) {
-        ReportError(definition_.name, QStringLiteral("Form_Activate"), error);
+        ReportError(name_, QStringLiteral("Form_Activate"), error);
     }
-    ActiveSection = definition_.number;
+    ActiveSection = static_cast<qint16>(section_);
     Loading = false;
 }
 
 void SectionScreen::Form_Deactivate() {
-    if (definition_.dateGate && CheckDates()) {
+    if (dateGate_ && CheckDates()) {
         return;
     }
     WriteCRecord();
@@ -140,25 +137,25 @@ void SectionScreen::Form_Deactivate() {
 
 void SectionScreen::Form_Resize() {
     // A bad date is caught before the window can hide; nothing is saved here.
-    if (definition_.dateGate) {
+    if (dateGate_) {
         CheckDates();
     }
 }
 
 void SectionScreen::ReadCRecord() {
-    *definition_.shownFirst = CurrentFirst;
-    *definition_.shownLast = CurrentLast;
+    *shown_.first = CurrentFirst;
+    *shown_.last = CurrentLast;
     try {
         dao::Database db = OpenClientDatabase();
-        dao::Recordset row = db.OpenRecordset(definition_.table, dao::dbOpenTable);
-        if (SeekClientRecord(row, *definition_.shownFirst, *definition_.shownLast)) {
+        dao::Recordset row = db.OpenRecordset(TableName(), dao::dbOpenTable);
+        if (SeekClientRecord(row, *shown_.first, *shown_.last)) {
             image_.Fill(row);
             setWindowTitle(Caption());
         }
         row.Close();
         db.Close();
     } catch (const std::exception& error) {
-        ReportError(definition_.name, QStringLiteral("ReadCRecord"), error);
+        ReportError(name_, QStringLiteral("ReadCRecord"), error);
     }
 }
 
@@ -168,8 +165,8 @@ void SectionScreen::WriteCRecord() {
     }
     try {
         dao::Database db = OpenClientDatabase();
-        dao::Recordset row = db.OpenRecordset(definition_.table, dao::dbOpenTable);
-        if (SeekClientRecord(row, *definition_.shownFirst, *definition_.shownLast)) {
+        dao::Recordset row = db.OpenRecordset(TableName(), dao::dbOpenTable);
+        if (SeekClientRecord(row, *shown_.first, *shown_.last)) {
             // Edit and Update even when nothing differs: the row is touched as
             // every save always has.
             row.Edit();
@@ -179,7 +176,7 @@ void SectionScreen::WriteCRecord() {
         row.Close();
         db.Close();
     } catch (const std::exception& error) {
-        ReportError(definition_.name, QStringLiteral("WriteCRecord"), error);
+        ReportError(name_, QStringLiteral("WriteCRecord"), error);
     }
 }
 
@@ -202,8 +199,8 @@ void SectionScreen::RejectDate(QLineEdit* box) {
     TellBadDate(box);
     // This may run because another section was asked for: that one must go,
     // since it is this screen's refused save that stopped the switch.
-    for (const QString& name : ScreenNames()) {
-        if (name != definition_.name) {
+    for (const QString& name : SectionFormNames()) {
+        if (name != name_) {
             UnloadForm(name);
         }
     }
@@ -224,22 +221,25 @@ void SectionScreen::BringBack() {
 }
 
 void SectionScreen::MoveRecord(const QString& direction) {
-    if (definition_.dateGate && CheckDates()) {
+    if (dateGate_ && CheckDates()) {
         return;
     }
     WriteCRecord();
-    MoveClientRecord(definition_.table, direction);
+    MoveClientRecord(TableName(), direction);
     ReadCRecord();
 }
 
-void SectionScreen::closeEvent(QCloseEvent* event) {
-    if (definition_.dateGate && CheckDates()) {
-        event->ignore();
-        return;
+bool SectionScreen::Form_Unload() {
+    if (dateGate_ && CheckDates()) {
+        return true;
     }
     WriteCRecord();
     unloaded_ = true;
-    event->accept();
+    return false;
+}
+
+void SectionScreen::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!Form_Unload());
 }
 
 void SectionScreen::showEvent(QShowEvent* event) {

@@ -10,6 +10,7 @@
 // overrides the few hooks below where it differs.
 
 #include "sections/record_image_gui.h"
+#include "sections/sections.h"
 
 #include <QString>
 #include <QStringList>
@@ -27,12 +28,12 @@ class SectionScreen : public QWidget {
     Q_OBJECT
 
 public:
-    // The section screens, in the order of their numbers in ActiveSection.
-    static const QStringList& ScreenNames();
-
     // True from loading until the end of the first activation: a screen that
     // has read nothing must never write its empty boxes over a row.
     bool Loading = true;
+    // True while an activation reads the row, so that check boxes which write
+    // at once can tell a read from a click.
+    bool Reading = false;
 
     QWidget* picRecord = nullptr;
     QPushButton* cm3First = nullptr;
@@ -44,6 +45,8 @@ public:
     void Form_Activate();
     void Form_Deactivate();
     void Form_Resize();
+    // True when the unload is cancelled: a bad date keeps the screen open.
+    bool Form_Unload();
     void ReadCRecord();
     void WriteCRecord();
     // True when a date box holds a bad date; that box has then been rejected.
@@ -54,27 +57,25 @@ public:
     void MoveRecord(const QString& direction);
 
 protected:
-    struct Definition {
-        qint16 number;  // ActiveSection
-        QString name;   // the form's name
-        QString table;  // also the move key
-        QString* shownFirst;
-        QString* shownLast;
-        bool dateGate;  // whether a bad date stops a save
-    };
     using DateTest = bool (*)(const QString&);
 
-    SectionScreen(Definition definition, QWidget* parent);
+    // `section` is the screen's number, a SectionNumber.
+    SectionScreen(int section, QWidget* parent);
 
     QWidget* Body() const { return body_; }
     RecordImage& Image() { return image_; }
-    const Definition& Section() const { return definition_; }
+    // The table shown, which is also the move key.
+    QString TableName() const { return SectionTableName(section_, Page()); }
     // A date box, checked after those added before it and when the focus leaves it.
     void AddDateBox(QLineEdit* box, DateTest test);
     // The shown client as a caption starts: first names, a blank, last name.
-    QString ShownClient() const;
+    QString ShownClientName() const;
 
-    virtual QString Caption() const;
+    QString Caption() const;
+    // The page of a paged screen.
+    virtual int Page() const { return 1; }
+    // The part of the caption that a screen fills in itself.
+    virtual QString CaptionDetail() const { return QString(); }
     // Reads beyond the row, after ReadCRecord at activation.
     virtual void ReadMore() {}
     // The beep and message for a bad date in `box`.
@@ -97,7 +98,10 @@ private:
     void BringBack();
     bool LostFocusIsChecked(QEvent* event) const;
 
-    Definition definition_;
+    int section_;
+    QString name_;
+    ShownClient shown_;
+    bool dateGate_;
     RecordImage image_;
     QWidget* body_ = nullptr;
     std::vector<DateBox> dateBoxes_;

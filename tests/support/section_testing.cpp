@@ -14,6 +14,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QProcess>
 #include <QtTest>
 
 namespace quillon::testing {
@@ -41,6 +44,8 @@ SectionWorld::SectionWorld(const QList<ClientName>& clients) {
     MakeClientDatabase(DatabasePath());
     dao::Database db = dao::OpenDatabase(DatabasePath());
     for (const QString& table : ClientTableNames()) {
+        // Only the test's own clients, so that moves go where the test expects.
+        db.Execute(QStringLiteral("DELETE FROM [%1]").arg(table));
         dao::Recordset rows = db.OpenRecordset(table);
         for (const ClientName& client : clients) {
             rows.AddNew();
@@ -92,6 +97,51 @@ QVariant CommonField(const QString& name, const QString& field) {
     row.SetIndex(QStringLiteral("Name"));
     row.Seek(QStringLiteral("="), {name});
     return row.NoMatch() ? QVariant() : row.Fields(field).Value();
+}
+
+void ActivateChild(QWidget* form) {
+    auto* frame = qobject_cast<QMdiSubWindow*>(ChildWindow(form));
+    QVERIFY(frame && frame->mdiArea());
+    frame->mdiArea()->setActiveSubWindow(frame);
+}
+
+QWidget* OtherChildWindow() {
+    auto* other = new QWidget;
+    other->setObjectName(QStringLiteral("otherWindow"));
+    other->setAttribute(Qt::WA_DeleteOnClose);
+    ShowForm(other);
+    return other;
+}
+
+namespace {
+constexpr int kAnswerWaitMs = 10000;
+}
+
+SecondUser::SecondUser() : process_(new QProcess) {
+    process_->setProgram(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_dao_peer"));
+    process_->start();
+    if (!process_->waitForStarted(kAnswerWaitMs)) {
+        QTest::qFail("the second user's program did not start", __FILE__, __LINE__);
+    }
+}
+
+SecondUser::~SecondUser() {
+    process_->write("quit\n");
+    if (!process_->waitForFinished(kAnswerWaitMs)) {
+        process_->kill();
+        process_->waitForFinished(kAnswerWaitMs);
+    }
+    delete process_;
+}
+
+QString SecondUser::Ask(const QStringList& words) {
+    process_->write((words.join(QLatin1Char('\t')) + QLatin1Char('\n')).toUtf8());
+    while (!process_->canReadLine()) {
+        if (!process_->waitForReadyRead(kAnswerWaitMs)) {
+            return QStringLiteral("<no answer>");
+        }
+    }
+    return QString::fromUtf8(process_->readLine()).trimmed();
 }
 
 void Trigger(const QString& command) {

@@ -10,6 +10,7 @@
 #include <QVariant>
 
 class QLineEdit;
+class QProcess;
 class QWidget;
 
 namespace quillon::testing {
@@ -42,6 +43,25 @@ void SetFields(const QString& table, const ClientName& client,
                const QList<QPair<QString, QVariant>>& values);
 // A field of the `Common` row `name`.
 QVariant CommonField(const QString& name, const QString& field);
+
+// Activates the child window that holds `form`, as a click on it would.
+void ActivateChild(QWidget* form);
+// A plain child window of the main window, standing for any other screen.
+QWidget* OtherChildWindow();
+
+// Another user of the database: a second process that edits rows.
+class SecondUser {
+public:
+    SecondUser();
+    ~SecondUser();
+    SecondUser(const SecondUser&) = delete;
+    SecondUser& operator=(const SecondUser&) = delete;
+    // Sends one command (see tests/platform/helper_dao_peer.cpp); its answer.
+    QString Ask(const QStringList& words);
+
+private:
+    QProcess* process_;
+};
 
 // Runs a main window command, as a click on its button or menu item.
 void Trigger(const QString& command);

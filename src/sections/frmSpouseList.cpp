@@ -1,0 +1,190 @@
+#include "sections/frmSpouseList.h"
+
+#include "data/data_access.h"
+#include "platform/dao.h"
+#include "platform/files.h"
+#include "platform/services.h"
+#include "sections/frmPersonal.h"
+#include "shell/forms_gui.h"
+#include "shell/variables.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <exception>
+
+namespace quillon {
+
+namespace {
+
+const QString kListSeparator = QStringLiteral(", ");
+const QString kFirstNames = QStringLiteral("First Names");
+const QString kLastName = QStringLiteral("Last Name");
+constexpr int kLettersPerRow = 13;
+
+QString ListText(const QString& first, const QString& last) {
+    return last + kListSeparator + first;
+}
+
+// Hourglass for as long as the object lives.
+class WaitPointer {
+public:
+    WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitPointer() { QApplication::restoreOverrideCursor(); }
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+};
+
+dao::Recordset ByName(dao::Database& db, const QString& table) {
+    dao::Recordset rows = db.OpenRecordset(table, dao::dbOpenTable);
+    rows.SetIndex(QStringLiteral("Name"));
+    return rows;
+}
+
+}  // namespace
+
+frmSpouseList::frmSpouseList(QWidget* parent) : QDialog(parent) {
+    setObjectName(QString::fromLatin1(kFormName));
+    setWindowTitle(QStringLiteral("Select Spouse"));
+    lstClients = new QListWidget(this);
+    lstClients->setObjectName(QStringLiteral("lstClients"));
+    auto* letters = new QGridLayout;
+    letters->setSpacing(1);
+    for (int i = 0; i < kLetters; ++i) {
+        const QString letter(QChar(u'A' + i));
+        cm3Seek[i] = new QPushButton(letter, this);
+        cm3Seek[i]->setObjectName(QStringLiteral("cm3Seek(%1)").arg(i));
+        cm3Seek[i]->setFixedWidth(
+            cm3Seek[i]->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 8);
+        letters->addWidget(cm3Seek[i], i / kLettersPerRow, i % kLettersPerRow);
+        connect(cm3Seek[i], &QPushButton::clicked, this, [this, i] { cm3Seek_Click(i); });
+    }
+    cm3OK = new QPushButton(tr("OK"), this);
+    cm3OK->setObjectName(QStringLiteral("cm3OK"));
+    cm3OK->setEnabled(false);
+    cm3OK->setDefault(true);
+    cm3Cancel = new QPushButton(tr("Cancel"), this);
+    cm3Cancel->setObjectName(QStringLiteral("cm3Cancel"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cm3OK);
+    buttons->addWidget(cm3Cancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(letters);
+    layout->addWidget(lstClients, 1);
+    layout->addLayout(buttons);
+
+    connect(lstClients, &QListWidget::currentRowChanged, this, &frmSpouseList::lstClients_Click);
+    connect(lstClients, &QListWidget::itemDoubleClicked, this, &frmSpouseList::SelectClient);
+    connect(cm3OK, &QPushButton::clicked, this, &frmSpouseList::SelectClient);
+    connect(cm3Cancel, &QPushButton::clicked, this, &frmSpouseList::reject);
+    Form_Load();
+}
+
+// Every client in name order but the current one.
+void frmSpouseList::Form_Load() {
+    try {
+        WaitPointer wait;
+        dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+        dao::Recordset clients = ByName(db, QStringLiteral("Clients"));
+        const QString current = ListText(CurrentFirst, CurrentLast);
+        for (clients.MoveFirst(); !clients.IsEOF(); clients.MoveNext()) {
+            const QString text = ListText(NullToEmpty(clients.Fields(kFirstNames)),
+                                          NullToEmpty(clients.Fields(kLastName)));
+            if (text != current) {
+                lstClients->addItem(text);
+            }
+        }
+        clients.Close();
+        db.Close();
+    } catch (const std::exception& error) {
+        ReportError(kSpouseListModule, QStringLiteral("Form_Load"), error);
+    }
+}
+
+void frmSpouseList::cm3Seek_Click(int index) {
+    const QChar letter(u'A' + index);
+    for (int row = 0; row < lstClients->count(); ++row) {
+        const QString text = lstClients->item(row)->text();
+        if (!text.isEmpty() && text.at(0).toUpper() == letter) {
+            lstClients->setCurrentRow(row);
+            return;
+        }
+    }
+    MsgBox(QStringLiteral("No client name beginning with ") + letter, vbExclamation);
+}
+
+void frmSpouseList::lstClients_Click() {
+    cm3OK->setEnabled(lstClients->currentRow() >= 0);
+}
+
+void frmSpouseList::SelectClient() {
+    const QListWidgetItem* item = lstClients->currentItem();
+    const QString text = item ? item->text() : QString();
+    const qsizetype split = text.indexOf(kListSeparator);
+    if (split >= 0) {
+        LinkTo(text.mid(split + kListSeparator.size()), text.left(split));
+    }
+    accept();
+}
+
+void frmSpouseList::LinkTo(const QString& first, const QString& last) {
+    WaitPointer wait;
+    try {
+        dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+        dao::Recordset clients = ByName(db, QStringLiteral("Clients"));
+        dao::Recordset personal = ByName(db, QStringLiteral("Personal"));
+        clients.Seek(QStringLiteral("="), {last, first});
+        if (clients.NoMatch()) {
+            Beep();
+            MsgBox(QStringLiteral("Client record not found"), vbExclamation);
+            return;
+        }
+        personal.Seek(QStringLiteral("="), {last, first});
+        QString birthDate;
+        if (!personal.NoMatch()) {
+            birthDate = NullToEmpty(personal.Fields(QStringLiteral("Date of Birth")));
+        }
+        auto* screen = LoadedForm<frmPersonal>();
+        if (screen) {
+            screen->txtSpouse[0]->setText(first);
+            screen->txtSpouse[1]->setText(last);
+            screen->txtSpouseDOB->setText(birthDate);
+        }
+        // The client's date of birth as it stands in the box, saved or not.
+        personal.Edit();
+        personal.Fields(QStringLiteral("Spouse First")).SetValue(CurrentFirst);
+        personal.Fields(QStringLiteral("Spouse Last")).SetValue(CurrentLast);
+        personal.Fields(QStringLiteral("Spouse DOB"))
+            .SetValue(screen ? screen->txtDOB->text() : QString());
+        personal.Update();
+    } catch (const std::exception& error) {
+        ReportError(kSpouseListModule, QStringLiteral("SelectClient"), error);
+    }
+}
+
+void frmSpouseList::CurrentRecordLocked() {
+    Beep();
+    MsgBox(QStringLiteral("The current record cannot be changed.") + QLatin1Char('\n') +
+               QStringLiteral("Another user may have exclusive access to it."),
+           vbExclamation);
+}
+
+void frmSpouseList::PartnerRecordLocked() {
+    Beep();
+    MsgBox(QStringLiteral("The partner's record cannot be changed.") + QLatin1Char('\n') +
+               QStringLiteral("Another user may have exclusive access to it."),
+           vbExclamation, QStringLiteral("Data access"));
+}
+
+void frmSpouseList::RecordNotAvailable() {
+    Beep();
+    MsgBox(QStringLiteral("The selected record is not available"), vbExclamation);
+}
+
+}  // namespace quillon
