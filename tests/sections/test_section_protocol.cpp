@@ -158,6 +158,28 @@ private Q_SLOTS:
         QCOMPARE(PersonalField(kAda, QStringLiteral("Child 2 DOB")), u"28/02/99"_qs);
     }
 
+    // Clicking another window with a bad date on the screen: the screen takes
+    // itself back, with the bad text still in its box and nothing saved.
+    void anotherWindowCannotTakeOverFromABadDate() {
+        ScriptedServices services;
+        SectionWorld world({kAda});
+        frmPersonal* personal = OpenPersonal();
+        QWidget* other = OtherChildWindow();
+        ActivateChild(personal);
+        personal->txtCalled->setText(QStringLiteral("Addie"));
+        personal->txtChildDOB[2]->setText(QStringLiteral("32/01/99"));
+        services.messages.Answer(vbOK);
+        ActivateChild(other);
+        QCOMPARE(services.messages.Count(), 1);
+        QCOMPARE(FrameOf(personal)->mdiArea()->activeSubWindow(), FrameOf(personal));
+        QCOMPARE(personal->txtChildDOB[2]->text(), u"32/01/99"_qs);
+        QCOMPARE(personal->txtCalled->text(), u"Addie"_qs);
+        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Called")).isNull());
+        personal->txtChildDOB[2]->setText(QStringLiteral("31/01/99"));
+        ActivateChild(other);
+        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
+    }
+
     void closingTheProgramIsRefusedByAScreenWithABadDate() {
         ScriptedServices services;
         SectionWorld world({kAda});
