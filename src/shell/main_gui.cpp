@@ -13,11 +13,16 @@
 #include "shell/frmFolderManager.h"
 #include "shell/frmQuillon.h"
 #include "shell/frmTip.h"
+#include "shell/lifecycle.h"
 #include "shell/program_folder.h"
 #include "shell/variables.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
 
 #include <memory>
 
@@ -59,6 +64,25 @@ bool acquireInstanceLock() {
     return held.lock->TryLock();
 }
 
+// How long the program waits, once its last window has closed, for another to
+// appear: a screen that unloads itself and then shows the main window leaves a
+// moment with no window at all.
+constexpr int kLastWindowGraceMs = 1000;
+
+bool anyWindowVisible() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.cbegin(), windows.cend(),
+                       [](const QWidget* window) { return window->isVisible(); });
+}
+
+void endWhenNoWindowReturns() {
+    QTimer::singleShot(kLastWindowGraceMs, qApp, [] {
+        if (!anyWindowVisible()) {
+            EndProgram();
+        }
+    });
+}
+
 void noteEnvironment() {
     WindowsFolder = GetWindowsDir();
     SystemFolder = GetSystemDir();
@@ -98,6 +122,8 @@ bool StartProgram() {
 }
 
 int Main() {
+    QApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp, &endWhenNoWindowReturns);
     InstallDesktopServices();
     RegisterProgramForms();
     if (!StartProgram()) {

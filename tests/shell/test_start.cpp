@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QProcess>
 #include <QTimer>
@@ -48,6 +49,7 @@ private Q_SLOTS:
         ProgramFolderCopy folder;
         ScriptedServices services;
         QVERIFY(StartProgram());
+        QCOMPARE(FamilyFolder, QFileInfo(folder.Path()).path());
         auto* banner = LoadedForm<frmBanner6>();
         QVERIFY(banner && banner->isVisible());
         QVERIFY(banner->tmrInit->isActive());
