@@ -1,0 +1,98 @@
+// A move to the next client on the personal section, on a client database of
+// 10,000 clients: the save of the row left (one field changed), the move
+// through the table's name order and the read of the next row. Run with
+//   bench_sections --benchmark_repetitions=9 --benchmark_report_aggregates_only=true
+// and read the median.
+
+#include "data/delivered_databases.h"
+#include "platform/dao.h"
+#include "platform/services.h"
+#include "sections/frmPersonal.h"
+#include "shell/variables.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace quillon;
+
+namespace {
+
+constexpr int kClients = 10000;
+
+// A message during a benchmark means the work failed: stop rather than time it.
+class FailingMessages : public MessageService {
+public:
+    int MsgBox(const QString& prompt, int, const QString&) override {
+        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(prompt));
+        std::abort();
+    }
+    void Beep() override {}
+};
+
+struct Fixture {
+    QTemporaryDir folder;
+    FailingMessages messages;
+
+    Fixture() {
+        MakeSyntheticClientDatabase(folder.filePath(QStringLiteral("QUILL020.MDB")), kClients);
+        Services services;
+        services.messages = &messages;
+        InstallServices(services);
+        DatabaseFolder[1] = folder.path();
+        DatabaseTitle[1] = QStringLiteral("Benchmark");
+        SelectedFile = 1;
+    }
+};
+
+Fixture& fixture() {
+    static Fixture instance;
+    return instance;
+}
+
+void StandOnFirstClient() {
+    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
+    dao::Recordset personal = db.OpenRecordset(QStringLiteral("Personal"));
+    personal.SetIndex(QStringLiteral("Name"));
+    personal.MoveFirst();
+    CurrentFirst = personal.Fields(QStringLiteral("First Names")).Value().toString();
+    CurrentLast = personal.Fields(QStringLiteral("Last Name")).Value().toString();
+}
+
+void BM_PersonalNext(benchmark::State& state) {
+    fixture();
+    StandOnFirstClient();
+    frmPersonal personal;
+    personal.Form_Activate();
+    int step = 0;
+    for (auto _ : state) {
+        personal.txtCalled->setText(QStringLiteral("Called %1").arg(++step));
+        const QString before = CurrentFirst + CurrentLast;
+        personal.cm3Next->click();
+        if (CurrentFirst + CurrentLast == before) {
+            state.PauseTiming();  // the last client: start again from the first
+            personal.cm3First->click();
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(BM_PersonalNext)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
