@@ -51,6 +51,8 @@ public:
     void WriteCRecord();
     // True when a date box holds a bad date; that box has then been rejected.
     bool CheckDates();
+    // RejectDate(box): tells the user, keeps this screen the one shown, and puts
+    // the focus back in `box`.
     void RejectDate(QLineEdit* box);
     // A move button: saves, moves the current client one step in `direction`
     // ("First", "Previous", "Next", "Last") and reads the new one.
