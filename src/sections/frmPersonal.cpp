@@ -44,9 +44,12 @@ frmPersonal::frmPersonal(QWidget* parent) : SectionScreen(kPersonalSection, pare
     auto* left = new QVBoxLayout;
     left->addWidget(BuildNames());
     left->addWidget(BuildAddress());
-    left->addWidget(BuildOptions());
+    auto* right = new QVBoxLayout;
+    right->addWidget(BuildTelephones());
+    right->addWidget(BuildOptions());
     columns->addLayout(left);
-    columns->addWidget(BuildFamily());
+    columns->addLayout(right);
+    columns->addWidget(BuildFamily(), 1);
     BindFields();
     // In the order CheckDates tests them.
     AddDateBox(txtDOB, ValidBirthDate);
@@ -75,7 +78,7 @@ QWidget* frmPersonal::BuildNames() {
     return frame;
 }
 
-// txtAddress(1) to txtAddress(6), then txtTelephone(0) to txtTelephone(3).
+// txtAddress(1) to txtAddress(6).
 QWidget* frmPersonal::BuildAddress() {
     auto* frame = new QGroupBox(tr("Address"), Body());
     auto* form = new QFormLayout(frame);
@@ -83,6 +86,13 @@ QWidget* frmPersonal::BuildAddress() {
         txtAddress[line] = NamedBox(QStringLiteral("txtAddress(%1)").arg(line), frame);
         form->addRow(line == 6 ? QStringLiteral("Postcode") : QString(), txtAddress[line]);
     }
+    return frame;
+}
+
+// txtTelephone(0) to txtTelephone(3).
+QWidget* frmPersonal::BuildTelephones() {
+    auto* frame = new QGroupBox(tr("Telephone"), Body());
+    auto* form = new QFormLayout(frame);
     const QString labels[] = {QStringLiteral("Home"), QStringLiteral("Work"), QStringLiteral("Fax"),
                               QStringLiteral("Mobile")};
     for (int i = 0; i < 4; ++i) {
@@ -124,6 +134,7 @@ QWidget* frmPersonal::BuildFamily() {
 QWidget* frmPersonal::BuildOptions() {
     auto* panel = new QWidget(Body());
     auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
     auto* sexFrame = new QGroupBox(tr("Sex"), panel);
     auto* sexLayout = new QVBoxLayout(sexFrame);
     const QString sexes[] = {QStringLiteral("Male"), QStringLiteral("Female")};

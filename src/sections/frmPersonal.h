@@ -50,6 +50,7 @@ protected:
 private:
     QWidget* BuildNames();
     QWidget* BuildAddress();
+    QWidget* BuildTelephones();
     QWidget* BuildFamily();
     QWidget* BuildOptions();
     void BindFields();

@@ -256,6 +256,8 @@ void SectionScreen::AttachToChildWindow() {
     frame_ = frame;
     frame->setGeometry(TwipsToPixels(SectionLeft), TwipsToPixels(SectionTop),
                        TwipsToPixels(kScreenWidth), TwipsToPixels(kScreenHeight));
+    // Never so small that the screen's own boxes are squeezed out of sight.
+    frame->resize(frame->size().expandedTo(frame->sizeHint()));
     connect(frame->mdiArea(), &QMdiArea::subWindowActivated, this,
             &SectionScreen::SubWindowActivated);
     connect(frame, &QMdiSubWindow::windowStateChanged, this,

@@ -5,7 +5,6 @@
 #include "sections/frmPersonal.h"
 #include "sections/frmUser.h"
 #include "shell/forms_gui.h"
-#include "shell/twips.h"
 #include "shell/variables.h"
 #include "support/scripted_services.h"
 #include "support/section_testing.h"
@@ -337,7 +336,6 @@ private Q_SLOTS:
         Trigger(QStringLiteral("cm3User"));
         auto* user = LoadedForm<frmUser>();
         QCOMPARE(FrameOf(user)->pos(), QPoint(45, 30));
-        QCOMPARE(FrameOf(user)->size(), QSize(TwipsToPixels(9480), TwipsToPixels(5430)));
         Trigger(QStringLiteral("mnuPersonal"));
         QCOMPARE(FrameOf(LoadedForm<frmPersonal>())->pos(), QPoint(45, 30));
     }
