@@ -31,12 +31,6 @@ QLineEdit* NamedBox(const QString& name, QWidget* parent) {
     return box;
 }
 
-// Focus that comes and goes with a message box or a menu is not the user's.
-bool ByTheUser(QEvent* event) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-}
-
 // The `Common` row "User", ready for Edit; the caller keeps `db` open.
 dao::Recordset SeekUserCommon(dao::Database& db) {
     dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"), dao::dbOpenTable);
@@ -182,7 +176,7 @@ void frmUser::WriteTitle() {
 bool frmUser::eventFilter(QObject* watched, QEvent* event) {
     const bool focusIn = event->type() == QEvent::FocusIn;
     const bool focusOut = event->type() == QEvent::FocusOut;
-    if ((focusIn || focusOut) && ByTheUser(event)) {
+    if ((focusIn || focusOut) && FocusMovedByUser(event)) {
         if (watched == txtUserFormTitle && focusOut) {
             txtUserFormTitle_LostFocus();
         }

@@ -294,13 +294,17 @@ void SectionScreen::ChildWindowStateChanged(Qt::WindowStates oldState, Qt::Windo
     }
 }
 
-bool SectionScreen::LostFocusIsChecked(QEvent* event) const {
-    if (event->type() != QEvent::FocusOut || rejecting_ || unloaded_) {
-        return false;
-    }
-    // A message box or a menu taking the focus for a moment is not leaving the box.
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+bool SectionScreen::FocusMovedByUser(const QEvent* event) {
+    // A message box, a menu or another program taking the focus for a while is
+    // not the user leaving the box.
+    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
+bool SectionScreen::LostFocusIsChecked(const QEvent* event) const {
+    return event->type() == QEvent::FocusOut && !rejecting_ && !unloaded_ &&
+           FocusMovedByUser(event);
 }
 
 bool SectionScreen::eventFilter(QObject* watched, QEvent* event) {

@@ -83,6 +83,9 @@ protected:
     // The beep and message for a bad date in `box`.
     virtual void TellBadDate(QLineEdit* box);
 
+    // Whether a FocusIn or FocusOut is the user's own move between controls.
+    static bool FocusMovedByUser(const QEvent* event);
+
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -98,7 +101,7 @@ private:
     void SubWindowActivated(QMdiSubWindow* window);
     void ChildWindowStateChanged(Qt::WindowStates oldState, Qt::WindowStates newState);
     void BringBack();
-    bool LostFocusIsChecked(QEvent* event) const;
+    bool LostFocusIsChecked(const QEvent* event) const;
 
     int section_;
     QString name_;

@@ -136,28 +136,25 @@ private Q_SLOTS:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("message");
-        QTest::newRow("leap day of 2000") << "txtDOB"
-                                          << "29/02/00"
-                                          << "";
-        QTest::newRow("four-digit year, short day") << "txtDOB"
-                                                    << "1/1/1985"
-                                                    << "";
-        QTest::newRow("two-digit year") << "txtDOB"
-                                        << "1/1/85"
-                                        << "";
-        QTest::newRow("one-digit year") << "txtDOB"
-                                        << "1/1/1" << kLongDateMessage;
-        QTest::newRow("leading slash") << "txtSpouseDOB"
-                                       << "/1/1985" << kLongDateMessage;
-        QTest::newRow("ten characters, short day") << "txtSpouseDOB"
-                                                   << "1/012/1985" << kLongDateMessage;
-        QTest::newRow("child, four-digit year") << "txtChildDOB(2)"
-                                                << "1/1/1985" << kShortDateMessage;
-        QTest::newRow("child, leap day of 2000") << "txtChildDOB(3)"
-                                                 << "29/2/00"
-                                                 << "";
-        QTest::newRow("child, no such day") << "txtChildDOB(0)"
-                                            << "30/02/99" << kShortDateMessage;
+        const struct {
+            const char* name;
+            const char* box;
+            const char* text;
+            QString message;
+        } cases[] = {
+            {"leap day of 2000", "txtDOB", "29/02/00", {}},
+            {"four-digit year, short day", "txtDOB", "1/1/1985", {}},
+            {"one-digit year", "txtDOB", "1/1/1", kLongDateMessage},
+            {"leading slash", "txtSpouseDOB", "/1/1985", kLongDateMessage},
+            {"ten characters, short month", "txtSpouseDOB", "1/012/1985", kLongDateMessage},
+            {"child, four-digit year", "txtChildDOB(2)", "1/1/1985", kShortDateMessage},
+            {"child, leap day of 2000", "txtChildDOB(3)", "29/2/00", {}},
+            {"child, no such day", "txtChildDOB(0)", "30/02/99", kShortDateMessage},
+        };
+        for (const auto& c : cases) {
+            QTest::newRow(c.name) << QString::fromLatin1(c.box) << QString::fromLatin1(c.text)
+                                  << c.message;
+        }
     }
     void dateBoxesEachHaveTheirRule() {
         QFETCH(QString, box);
