@@ -8,7 +8,6 @@
 #include "shell/frmQuillon.h"
 #include "shell/variables.h"
 
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>

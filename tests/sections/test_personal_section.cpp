@@ -263,6 +263,9 @@ private Q_SLOTS:
         });
         QCOMPARE(personal->txtSpouse[1]->text(), QString());
         QVERIFY(PersonalField(kBert, QStringLiteral("Spouse Last")).isNull());
+        // The list is made afresh at each opening, so it lists today's clients.
+        FlushUnloadedForms();
+        QVERIFY(!LoadedForm(QStringLiteral("frmSpouseList")));
     }
 
     // A partner's row held by another user: the error report, and the boxes
