@@ -346,7 +346,11 @@ void frmClients::showEvent(QShowEvent* event) {
 
 void frmClients::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    // The list keeps its width; only its height follows the window.
+    Form_Resize();
+}
+
+void frmClients::Form_Resize() {
+    // The list fills its panel through the layout; only the width needs keeping.
     QWidget* window = frameOf(this);
     if (!window) {
         if (!isWindow()) {

@@ -41,8 +41,8 @@ public:
     void SelectClient();
     // Brings the open section screen to the front with the current client.
     void ShowActiveSection();
-    // Scrolls the list to the first name beginning with `letter`, making it
-    // the current client.
+    // FindInitial(letter): scrolls the list to the first name beginning with
+    // `letter`, making it the current client.
     void FindInitial(QChar letter);
 
     void Form_Activate();
@@ -50,6 +50,7 @@ public:
     void tmrUpdate_Timer();
     void lstClients_Click();
     void lstClients_DblClick();
+    // cm3Seek_Click(index): the letter A to Z of button `index`.
     void cm3Seek_Click(int index);
     void cm3Select_Click();
     void cm3New_Click();
@@ -67,6 +68,8 @@ private:
     void buildLayout();
     void connectControls();
     void Form_Load();
+    // Keeps the fixed width whenever the window is sized, unless minimised.
+    void Form_Resize();
     void fillList(const QStringList& texts);
     void showCount();
     // Sets the selected entry, firing the list's Click as a selection does.

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTimer>
@@ -282,10 +283,24 @@ private Q_SLOTS:
 
         // The toolbar button on a list already shown sets its refresh going.
         main->Command(QStringLiteral("cm3Clients"))->setEnabled(true);
+        CurrentLast = kBob.first;
+        CurrentFirst = kBob.second;
         main->Command(QStringLiteral("cm3Clients"))->trigger();
+        QCoreApplication::processEvents();  // the list's activation goes first
         QVERIFY(list->tmrRefresh->isActive());
         list->tmrRefresh_Timer();
+        QCoreApplication::processEvents();
         QCOMPARE(list->pnlCount->text(), QStringLiteral("2 clients"));
+        QCOMPARE(selectedText(list), QStringLiteral("Jones, Bob"));
+
+        // Coming back to the list from another window clears its highlight.
+        QMdiSubWindow* other = main->mdiArea->addSubWindow(new QWidget);
+        other->show();
+        main->mdiArea->setActiveSubWindow(other);
+        main->mdiArea->setActiveSubWindow(frame);
+        QCOMPARE(selectedText(list), QString());
+        QCOMPARE(current(), kBob);
+        other->close();
     }
 
     void theNewCommandOpensItsDialogAndTheListFollows() {
