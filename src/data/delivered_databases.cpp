@@ -155,6 +155,8 @@ void WriteCommonRow(TableInserter& common, const QString& name, const QStringLis
     }
 }
 
+// One row a description set, shared by all clients: "Personal", "Employment n",
+// "Business n", "Assets", "User" and "Diary n".
 void WriteCommonRows(const BulkWriteSession& session, const dao::TableDef& table) {
     TableInserter common(session, table);
     WriteCommonRow(common, QStringLiteral("Personal"), kPersonalIndicators);

@@ -1,6 +1,7 @@
 #include "data/ql_date.h"
 
 #include "platform/dao.h"
+#include "platform/services.h"
 
 #include <QStringList>
 
@@ -188,6 +189,21 @@ QString TaxYearStart(int taxYear) {
 
 QString TaxYearEnd(int taxYear) {
     return QStringLiteral("05/04/") + TwoDigits(taxYear);
+}
+
+bool DateWithinTaxYear(const QString& text, int taxYear) {
+    try {
+        return DaysBetween(QStringLiteral("d"), TaxYearStart(taxYear), text) >= 0 &&
+               DaysBetween(QStringLiteral("d"), text, TaxYearEnd(taxYear)) >= 0;
+    } catch (const dao::DaoError&) {
+        return false;
+    }
+}
+
+void DateOutsideTaxYear() {
+    Beep();
+    MsgBox(QStringLiteral("Date must be within the tax year"), vbExclamation,
+           QStringLiteral("Dividends"));
 }
 
 }  // namespace quillon

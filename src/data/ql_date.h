@@ -49,4 +49,10 @@ qint64 DaysBetween(const QString& interval, const QString& text1, const QString&
 QString TaxYearStart(int taxYear);
 QString TaxYearEnd(int taxYear);
 
+// Whether the date in `text` falls within the tax year `taxYear`, both boundary
+// days counting as inside. A text that makes no calendar date is outside.
+bool DateWithinTaxYear(const QString& text, int taxYear);
+// Beeps and tells the user that a dividend date is outside the chosen tax year.
+void DateOutsideTaxYear();
+
 }  // namespace quillon

@@ -208,6 +208,9 @@ private:
         SetAddress(row, 2);
         SetTaxYears(row, 2);
         SetIndicators(row, 1, 15);
+        if (random_.Chance(20)) {
+            row.Set(QStringLiteral("Email"), QStringLiteral("payroll@example.com"));
+        }
     }
 
     void WriteBusiness(TableInserter& row, int percent) {
@@ -229,6 +232,12 @@ private:
         SetAddress(row, 2);
         SetTaxYears(row, 3);
         SetIndicators(row, 1, 30);
+        if (random_.Chance(30)) {
+            // A partner and their share, fields that only an import carries.
+            row.Set(QStringLiteral("Partner 1 First"), random_.Pick(kFirstNames))
+                .Set(QStringLiteral("Partner 1 Last"), last_)
+                .Set(QStringLiteral("Partner 1 Share"), QStringLiteral("50%"));
+        }
     }
 
     void WriteAssets() {
@@ -242,6 +251,22 @@ private:
                      QString::number(random_.Between(100, 500000)));
         }
         row.Set(QStringLiteral("Date 20"), DateInTaxYear(2014));
+        if (random_.Chance(20)) {
+            WriteAssetDetail(row);
+        }
+    }
+
+    // Asset line 16 with its own description and two lines of detail.
+    void WriteAssetDetail(TableInserter& assets) {
+        assets.Set(QStringLiteral("Asset 16"), QStringLiteral("Synthetic holdings"))
+            .Set(QStringLiteral("Value 16"), QString::number(random_.Between(1000, 90000)));
+        TableInserter& detail = Row(QStringLiteral("Asset 16"));
+        for (int line = 1; line <= 2; ++line) {
+            detail.Set(QStringLiteral("Asset %1").arg(line), QStringLiteral("Holding %1").arg(line))
+                .Set(QStringLiteral("Date %1").arg(line), DateInTaxYear(2014))
+                .Set(QStringLiteral("Value %1").arg(line),
+                     QString::number(random_.Between(500, 45000)));
+        }
     }
 
     void WriteContributions() {

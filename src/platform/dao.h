@@ -102,6 +102,14 @@ private:
 // A table-type recordset. It moves in the order of its current index, or in the
 // table's stored order when no index is set, and holds no lock between calls
 // except from Edit to Update.
+//
+// Edit takes the file's write lock (unless a transaction of this database holds
+// it already) and reads the row afresh; Update writes the assigned fields and
+// commits; CancelUpdate, a move, Close or destruction give the lock back.
+// MoveNext reads a few rows ahead; those stand in for the file only while this
+// database has written nothing since and for at most half a second, so another
+// user's change to a row further on may show a moment late in a walk. Seek,
+// MoveFirst, MoveLast, MovePrevious and Edit always read the file.
 class Recordset {
 public:
     Recordset();
@@ -145,7 +153,8 @@ private:
     std::unique_ptr<RecordsetState> state_;
 };
 
-// An open database file. Copies share one connection; Close ends it for all.
+// An open database file. Its recordsets share its connection; Close ends it for
+// all of them, and they then fail with kErrObjectInvalid.
 class Database {
 public:
     Database();
@@ -172,13 +181,20 @@ private:
     std::shared_ptr<Connection> connection_;
 };
 
-// Opens a database file, shared with other users and processes.
+// Opens a database file, shared with other users and processes; never creates
+// one. Fails with kErrInvalidPath, kErrFileNotFound, kErrCannotOpen, or
+// kErrDamaged for a file that is not a database or is truncated. `exclusive`
+// keeps other users out until Close; `readOnly` refuses every write with
+// kErrReadOnly.
 Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false);
 
 // Rewrites the database `source` into the new file `destination`.
 void CompactDatabase(const QString& source, const QString& destination);
 
-// Checks the file and mends what it can, in place.
+// Checks the file and mends what it can, in place: a healthy file is left
+// untouched, damaged indexes are rebuilt, and failing that the file is replaced
+// by a fresh one holding every row that can still be read. A file that is not a
+// database fails with kErrDamaged.
 void RepairDatabase(const QString& path);
 
 // How long an Edit, Update, Delete or transaction waits for another user's lock

@@ -79,8 +79,10 @@ std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
     checkPathBeforeOpen(path);
     auto connection = std::make_shared<Connection>();
     connection->path = path;
-    const int flags = (readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
-                      SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
+    // Opened for writing even when only reading is asked for, so that a
+    // journal left by a crashed user can be rolled back; query_only below
+    // keeps such a connection from writing.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
     const int rc = sqlite3_open_v2(path.toUtf8().constData(), &connection->db, flags, nullptr);
     if (rc != SQLITE_OK) {
         sqlite3* failed = connection->db;
@@ -94,6 +96,9 @@ std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
     sqlite3_extended_result_codes(connection->db, 1);
     // A write-protected file opens for reading only; writes then fail plainly.
     connection->readOnly = readOnly || sqlite3_db_readonly(connection->db, "main") == 1;
+    if (readOnly) {
+        sqlite3_exec(connection->db, "PRAGMA query_only = 1", nullptr, nullptr, nullptr);
+    }
     connection->ApplyLockTimeout();
     // NORMAL still syncs the journal before the file is changed and the file
     // before the journal goes, so a commit survives a crash; FULL's extra

@@ -128,6 +128,11 @@ void copyReadableContent(Connection& source, const QString& target) {
         if (rc != SQLITE_OK) {
             ThrowEngineError(copy, rc, kErrCannotOpen, target, QStringLiteral("the repaired copy"));
         }
+        execOn(copy,
+               QStringLiteral("PRAGMA user_version = %1; PRAGMA application_id = %2")
+                   .arg(singleNumber(source, QStringLiteral("PRAGMA user_version")))
+                   .arg(singleNumber(source, QStringLiteral("PRAGMA application_id"))),
+               target);
         execOn(copy, QStringLiteral("BEGIN"), target);
         // Indexes first, so that the unique ones keep out rows that damage duplicated.
         for (const SchemaEntry& entry : schema) {

@@ -17,7 +17,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QVBoxLayout>
 
 #include <exception>
 
@@ -27,11 +27,16 @@ frmQuillon::frmQuillon(QWidget* parent) : QMainWindow(parent) {
     setObjectName(QString::fromLatin1(kFormName));
     setWindowTitle(QString::fromLatin1(kInitialCaption));
     setWindowIcon(ProgramIcon());
-    mdiArea = new QMdiArea(this);
+    mdiArea = new QMdiArea;
     mdiArea->setObjectName(QStringLiteral("mdiArea"));
     mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setCentralWidget(mdiArea);
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(mdiArea, 1);
+    setCentralWidget(centre);
     SetChildArea(mdiArea);
     buildMenus();
     buildToolbar();

@@ -15,7 +15,6 @@ class QLabel;
 class QMdiArea;
 class QMenu;
 class QStatusBar;
-class QToolBar;
 
 namespace quillon {
 
@@ -29,7 +28,7 @@ public:
     explicit frmQuillon(QWidget* parent = nullptr);
 
     QMdiArea* mdiArea = nullptr;
-    QToolBar* pnlToolBar = nullptr;
+    QWidget* pnlToolBar = nullptr;  // the toolbar panel
     QStatusBar* sbStatusBar = nullptr;
     QLabel* pnlProgress = nullptr;
     QLabel* pnlVersion = nullptr;
@@ -70,6 +69,7 @@ private:
     void buildStatusBar();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption);
     QMenu* addSubmenu(QMenu* menu, const char* name, const QString& caption);
+    void addGap();
     QAction* addButton(const char* name, const QString& caption, const QString& mark,
                        const QColor& colour, const QString& tip);
 

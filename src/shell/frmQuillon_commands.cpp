@@ -21,7 +21,6 @@
 #include <QMenu>
 #include <QStatusBar>
 #include <QTimer>
-#include <QToolBar>
 
 #include <exception>
 

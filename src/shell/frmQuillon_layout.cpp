@@ -1,13 +1,15 @@
 // The main window's menus, toolbar and status bar.
 #include "shell/artwork_gui.h"
+#include "shell/flow_layout_gui.h"
 #include "shell/frmQuillon.h"
 
 #include <QAction>
+#include <QBoxLayout>
+#include <QFrame>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
 
 namespace quillon {
@@ -110,21 +112,35 @@ void frmQuillon::buildMenus() {
 
 QAction* frmQuillon::addButton(const char* name, const QString& caption, const QString& mark,
                                const QColor& colour, const QString& tip) {
-    QAction* button = pnlToolBar->addAction(ButtonPicture(mark, colour), caption);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setToolTip(tip);
-    pnlToolBar->widgetForAction(button)->setObjectName(button->objectName());
-    commands_.insert(button->objectName(), button);
-    return button;
+    auto* command = new QAction(ButtonPicture(mark, colour), caption, this);
+    command->setObjectName(QString::fromLatin1(name));
+    command->setToolTip(tip);
+    auto* button = new QToolButton(pnlToolBar);
+    button->setObjectName(command->objectName());
+    button->setDefaultAction(command);
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setIconSize(QSize(24, 24));
+    button->setAutoRaise(true);
+    pnlToolBar->layout()->addWidget(button);
+    commands_.insert(command->objectName(), command);
+    return command;
+}
+
+void frmQuillon::addGap() {
+    auto* gap = new QWidget(pnlToolBar);
+    gap->setFixedSize(10, 1);
+    pnlToolBar->layout()->addWidget(gap);
 }
 
 void frmQuillon::buildToolbar() {
-    pnlToolBar = new QToolBar(this);
+    // A panel whose buttons wrap onto a second row in a narrow window.
+    auto* panel = new QFrame(centralWidget());
+    panel->setFrameShape(QFrame::StyledPanel);
+    pnlToolBar = panel;
     pnlToolBar->setObjectName(QStringLiteral("pnlToolBar"));
-    pnlToolBar->setMovable(false);
-    pnlToolBar->setIconSize(QSize(24, 24));
-    pnlToolBar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    addToolBar(Qt::TopToolBarArea, pnlToolBar);
+    auto* rows = new FlowLayout(pnlToolBar, 2);
+    rows->setContentsMargins(4, 2, 4, 2);
+    static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, pnlToolBar);
 
     addButton("cm3Clients", QStringLiteral("Clients"), QStringLiteral("C"), kSectionColour,
               QStringLiteral("Choose the current client"));
@@ -144,12 +160,12 @@ void frmQuillon::buildToolbar() {
               QStringLiteral("User-defined section"));
     addButton("cm3Diary", QStringLiteral("Diary"), QStringLiteral("8"), kSectionColour,
               QStringLiteral("Diary of tax-processing events"));
-    pnlToolBar->addSeparator();
+    addGap();
     addButton("cm3Offices", QStringLiteral("Tax Offices"), QStringLiteral("TO"), kReferenceColour,
               QStringLiteral("Directory of tax offices"));
     addButton("cm3Dividends", QStringLiteral("Dividends"), QStringLiteral("D"), kReferenceColour,
               QStringLiteral("Share dividends of the tax year"));
-    pnlToolBar->addSeparator();
+    addGap();
     addButton("cm3ClientLetter", QStringLiteral("Client Letter"), QStringLiteral("CL"),
               kLetterColour, QStringLiteral("Letter to the current client"));
     addButton("cm3OfficeLetter", QStringLiteral("Tax Office Letter"), QStringLiteral("OL"),
@@ -162,7 +178,7 @@ void frmQuillon::buildToolbar() {
               kLabelColour, QStringLiteral("Address labels of clients"));
     addButton("cm3OfficeLabels", QStringLiteral("Tax Office Labels"), QStringLiteral("OB"),
               kLabelColour, QStringLiteral("Address labels of tax offices"));
-    pnlToolBar->addSeparator();
+    addGap();
     addButton("cm3ClientRecord", QStringLiteral("Client Records"), QStringLiteral("R"),
               kReportColour, QStringLiteral("Print client records"));
     addButton("cm3Form64_8", QStringLiteral("Client Form 64-8"), QStringLiteral("64"),

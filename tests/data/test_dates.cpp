@@ -1,5 +1,6 @@
 #include "data/ql_date.h"
 #include "platform/dao.h"
+#include "support/scripted_services.h"
 
 #include <QTest>
 
@@ -189,6 +190,33 @@ private Q_SLOTS:
         QCOMPARE(TaxYearStart(2010), QString("06/04/09"));
         // The bounds must read back as the dates they stand for.
         QCOMPARE(DaysBetween("d", TaxYearStart(2013), TaxYearEnd(2013)), qint64(364));
+    }
+
+    void dividendDatesWithinTheTaxYear_data() {
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<bool>("inside");
+        QTest::newRow("first day") << "6/4/14" << true;
+        QTest::newRow("day before") << "05/04/14" << false;
+        QTest::newRow("last day") << "5/4/15" << true;
+        QTest::newRow("day after") << "06/04/15" << false;
+        QTest::newRow("four-digit year") << "31/12/2014" << true;
+        QTest::newRow("no date") << "31/02/15" << false;
+    }
+
+    void dividendDatesWithinTheTaxYear() {
+        QFETCH(QString, date);
+        QFETCH(bool, inside);
+        QCOMPARE(DateWithinTaxYear(date, 2015), inside);
+    }
+
+    void dateOutsideTheTaxYearIsTold() {
+        ScriptedServices services;
+        services.messages.Answer(vbOK);
+        DateOutsideTaxYear();
+        QCOMPARE(services.messages.Beeps(), 1);
+        QCOMPARE(services.messages.Last().prompt, QString("Date must be within the tax year"));
+        QCOMPARE(services.messages.Last().title, QString("Dividends"));
+        QCOMPARE(services.messages.Last().style & kMsgBoxIconMask, int(vbExclamation));
     }
 };
 

@@ -3,7 +3,9 @@
 
 #include "data/database_schema.h"
 #include "data/delivered_databases.h"
+#include "platform/dao.h"
 #include "support/sqlite_probe.h"
+#include "support/temp_database.h"
 
 #include <QDir>
 #include <QProcess>
@@ -84,6 +86,18 @@ QStringList DumpAll(SqliteProbe& file) {
         }
     }
     return dump;
+}
+
+// One version row, a number of the layout that holds Office No and Email.
+void VerifyDeliveredVersion(dao::Database& db) {
+    dao::Recordset version = db.OpenRecordset(QStringLiteral("Version"));
+    QCOMPARE(version.RecordCount(), 1L);
+    version.MoveFirst();
+    bool isNumber = false;
+    const double number =
+        version.Fields(QStringLiteral("Version")).Value().toString().toDouble(&isNumber);
+    QVERIFY(isNumber);
+    QVERIFY(number >= 2001.0);
 }
 
 }  // namespace
@@ -167,54 +181,43 @@ void TestDeliveredDatabases::commonRowsHoldTheirDescriptions() {
     QFETCH(int, width);
     QFETCH(bool, titled);
     QFETCH(bool, yeared);
-    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
-    QCOMPARE(file.Value(CountSql(QStringLiteral("Common"))).toInt(), 15);
-    const QList<QVariantList> rows = file.Rows(
-        QStringLiteral("SELECT Title, \"Tax Year\", %1 FROM Common WHERE Name = ?").arg([] {
-            QStringList columns;
-            for (int n = 1; n <= 20; ++n) {
-                columns << QStringLiteral("\"Text %1\"").arg(n);
-            }
-            return columns.join(QStringLiteral(", "));
-        }()),
-        {row});
-    QCOMPARE(rows.size(), qsizetype(1));
-    const QVariantList& values = rows.first();
-    QCOMPARE(!values[0].isNull(), titled);
-    QCOMPARE(!values[1].isNull(), yeared);
+    dao::Database db = dao::OpenDatabase(Delivered(kClientDatabaseFile), false, true);
+    dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
+    QCOMPARE(common.RecordCount(), 15L);
+    common.SetIndex(QStringLiteral("Name"));
+    common.Seek(QStringLiteral("="), {row});
+    QVERIFY(!common.NoMatch());
+    QCOMPARE(!common.Fields(QStringLiteral("Title")).IsNull(), titled);
+    QCOMPARE(!common.Fields(QStringLiteral("Tax Year")).IsNull(), yeared);
     QSet<QString> distinct;
+    int marked = 0;
     for (int n = 1; n <= 20; ++n) {
-        const QVariant& text = values[n + 1];
-        if (n <= texts) {
-            QVERIFY2(!text.toString().trimmed().isEmpty(), qPrintable(QString::number(n)));
-            QVERIFY2(text.toString().size() <= width, qPrintable(text.toString()));
-            distinct.insert(text.toString());
-        } else {
+        const QVariant text = common.Fields(QStringLiteral("Text %1").arg(n)).Value();
+        if (n > texts) {
             QVERIFY2(text.isNull(), qPrintable(QString::number(n)));
+            continue;
         }
+        QVERIFY2(!text.toString().trimmed().isEmpty(), qPrintable(QString::number(n)));
+        QVERIFY2(text.toString().size() <= width, qPrintable(text.toString()));
+        distinct.insert(text.toString());
+        marked += text.toString().size() > 1 && text.toString().startsWith(u'*') ? 1 : 0;
     }
     QCOMPARE(distinct.size(), texts);
-    if (yeared) {
-        // Some events, never more than the report's six columns, are marked
-        // for the progress report.
-        int marked = 0;
-        for (int n = 1; n <= 20; ++n) {
-            const QString text = values[n + 1].toString();
-            marked += text.size() > 1 && text.startsWith(QLatin1Char('*')) ? 1 : 0;
-        }
-        QVERIFY(marked >= 1 && marked <= 6);
-    }
+    // The diary's own events, never more than the report's six columns, are
+    // marked for the progress report.
+    QVERIFY(yeared ? marked >= 1 && marked <= 6 : marked == 0);
 }
 
 void TestDeliveredDatabases::diaryPagesNameConsecutiveTaxYears() {
-    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
+    dao::Database db = dao::OpenDatabase(Delivered(kClientDatabaseFile), false, true);
+    dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
+    common.SetIndex(QStringLiteral("Name"));
     static const QRegularExpression taxYear(QStringLiteral("^(\\d{4})-(\\d{2})$"));
     int previous = 0;
     for (int page = 1; page <= 4; ++page) {
-        const QString year =
-            file.Value(QStringLiteral("SELECT \"Tax Year\" FROM Common WHERE Name = ?"),
-                       {QStringLiteral("Diary %1").arg(page)})
-                .toString();
+        common.Seek(QStringLiteral("="), {QStringLiteral("Diary %1").arg(page)});
+        QVERIFY(!common.NoMatch());
+        const QString year = common.Fields(QStringLiteral("Tax Year")).Value().toString();
         const QRegularExpressionMatch match = taxYear.match(year);
         QVERIFY2(match.hasMatch(), qPrintable(year));
         const int start = match.captured(1).toInt();
@@ -229,69 +232,80 @@ void TestDeliveredDatabases::diaryPagesNameConsecutiveTaxYears() {
 void TestDeliveredDatabases::onlyClientsRefusesASecondClientOfTheSameName() {
     const QString path = scratch_.filePath(QStringLiteral("unique.mdb"));
     MakeClientDatabase(path);
-    SqliteProbe file(path);
-    const QString insert =
-        QStringLiteral("INSERT INTO %1 (\"First Names\", \"Last Name\") VALUES (?, ?)");
-    const QVariantList otherCase{QStringLiteral("a."), QStringLiteral("SAMPLE")};
+    dao::Database db = dao::OpenDatabase(path);
+    const auto addClient = [&](const QString& table, const QString& first, const QString& last) {
+        dao::Recordset rows = db.OpenRecordset(table);
+        rows.AddNew();
+        rows.Fields(QStringLiteral("First Names")).SetValue(first);
+        rows.Fields(QStringLiteral("Last Name")).SetValue(last);
+        rows.Update();
+    };
     for (const QString& table : ClientTableNames()) {
-        const bool accepted = file.Exec(insert.arg(Quoted(table)), otherCase);
-        QVERIFY2(accepted == (table != QLatin1String("Clients")), qPrintable(table));
+        if (table == QLatin1String("Clients")) {
+            QVERIFY_DAO_ERROR(addClient(table, u"a."_qs, u"SAMPLE"_qs), dao::kErrDuplicateKey);
+        } else {
+            addClient(table, u"a."_qs, u"SAMPLE"_qs);
+            dao::Recordset rows = db.OpenRecordset(table);
+            QCOMPARE(rows.RecordCount(), 2L);
+        }
     }
     // Another first name under the same last name is another client.
-    QVERIFY(file.Exec(insert.arg(Quoted(QStringLiteral("Clients"))),
-                      {QStringLiteral("B."), QStringLiteral("Sample")}));
-    QVERIFY(!file.Exec(QStringLiteral("INSERT INTO Common (Name) VALUES ('PERSONAL')")));
+    addClient(u"Clients"_qs, u"B."_qs, u"Sample"_qs);
+    // The seek is the engine's too: the last name first, in any case.
+    dao::Recordset clients = db.OpenRecordset(u"Clients"_qs);
+    clients.SetIndex(u"Name"_qs);
+    clients.Seek(u"="_qs, {u"SAMPLE"_qs, u"a."_qs});
+    QVERIFY(!clients.NoMatch());
+    QCOMPARE(clients.Fields(u"First Names"_qs).Value(), QVariant(u"A."_qs));
 }
 
 void TestDeliveredDatabases::officeDatabaseHoldsThePublishedOffices() {
-    SqliteProbe file(Delivered(kDefaultOfficeDatabaseFile), SqliteProbe::Access::ReadOnly);
-    QCOMPARE(file.Value(CountSql(QStringLiteral("Tax Offices"),
-                                 QStringLiteral("WHERE Name = ? AND Number = ?")),
-                        {QStringLiteral("Accounts Office Cumbernauld"), QStringLiteral("902")})
-                 .toInt(),
-             1);
-    QCOMPARE(file
-                 .Value(CountSql(
-                     QStringLiteral("Tax Offices"),
-                     QStringLiteral("WHERE length(Number) <> 3 OR Number IS NULL OR Name IS NULL")))
-                 .toInt(),
-             0);
-    QCOMPARE(file.Value(CountSql(QStringLiteral("Version"))).toInt(), 1);
-    bool isNumber = false;
-    const double version =
-        file.Value(QStringLiteral("SELECT Version FROM Version")).toString().toDouble(&isNumber);
-    QVERIFY(isNumber);
-    QVERIFY(version >= 2001.0);
+    dao::Database db = dao::OpenDatabase(Delivered(kDefaultOfficeDatabaseFile), false, true);
+    dao::Recordset offices = db.OpenRecordset(u"Tax Offices"_qs);
+    offices.SetIndex(u"Office Name"_qs);
+    offices.Seek(u"="_qs, {u"Accounts Office Cumbernauld"_qs, u"902"_qs});
+    QVERIFY(!offices.NoMatch());
+    offices.SetIndex(u"District Code"_qs);
+    offices.Seek(u"="_qs, {u"902"_qs});
+    QVERIFY(!offices.NoMatch());
+    QCOMPARE(offices.Fields(u"Name"_qs).Value(), QVariant(u"Accounts Office Cumbernauld"_qs));
+    // Every office can be reached by its three-character number.
+    for (offices.MoveFirst(); !offices.IsEOF(); offices.MoveNext()) {
+        QCOMPARE(offices.Fields(u"Number"_qs).Value().toString().size(), 3);
+        QVERIFY(!offices.Fields(u"Name"_qs).IsNull());
+    }
+    VerifyDeliveredVersion(db);
 }
 
 void TestDeliveredDatabases::dividendDatabaseHoldsThePublishedShares() {
-    SqliteProbe delivered(Delivered(kDefaultDividendDatabaseFile), SqliteProbe::Access::ReadOnly);
-    QCOMPARE(delivered
-                 .Value(CountSql(QStringLiteral("Dividends"),
-                                 QStringLiteral(
-                                     "WHERE Company = ? AND Stock = ? AND FID = 0 AND Issued = 1")),
-                        {QStringLiteral("3i Group PLC"), QStringLiteral("Ordinary 50p")})
-                 .toInt(),
-             1);
-    QCOMPARE(
-        delivered
-            .Value(CountSql(QStringLiteral("Dividends"), QStringLiteral("WHERE Issued IS NOT 1")))
-            .toInt(),
-        0);
-    QCOMPARE(delivered.Value(CountSql(QStringLiteral("Version"))).toInt(), 1);
-    QVERIFY(delivered.Value(QStringLiteral("SELECT Version FROM Version")).toString().toDouble() >=
-            2001.0);
+    {
+        dao::Database db = dao::OpenDatabase(Delivered(kDefaultDividendDatabaseFile), false, true);
+        dao::Recordset shares = db.OpenRecordset(u"Dividends"_qs);
+        shares.SetIndex(u"Name"_qs);
+        shares.Seek(u"="_qs, {u"3i Group PLC"_qs, u"Ordinary 50p"_qs, false});
+        QVERIFY(!shares.NoMatch());
+        // Every row came with the published file, so an update replaces them all.
+        for (shares.MoveFirst(); !shares.IsEOF(); shares.MoveNext()) {
+            QCOMPARE(shares.Fields(u"Issued"_qs).Value(), QVariant(1));
+        }
+        VerifyDeliveredVersion(db);
+    }
 
     // The key has three parts: the same share as an FID is another row, the
     // same share in other case is not.
     const QString path = scratch_.filePath(QStringLiteral("dividends.mdb"));
     MakeDividendDatabase(path);
-    SqliteProbe file(path);
-    const QString insert =
-        QStringLiteral("INSERT INTO Dividends (Company, Stock, FID) VALUES (?, ?, ?)");
-    QVERIFY(file.Exec(insert, {QStringLiteral("3i Group PLC"), QStringLiteral("Ordinary 50p"), 1}));
-    QVERIFY(
-        !file.Exec(insert, {QStringLiteral("3I GROUP PLC"), QStringLiteral("ordinary 50P"), 0}));
+    dao::Database db = dao::OpenDatabase(path);
+    dao::Recordset shares = db.OpenRecordset(u"Dividends"_qs);
+    const auto add = [&](const QString& company, const QString& stock, bool fid) {
+        shares.AddNew();
+        shares.Fields(u"Company"_qs).SetValue(company);
+        shares.Fields(u"Stock"_qs).SetValue(stock);
+        shares.Fields(u"FID"_qs).SetValue(fid);
+        shares.Update();
+    };
+    add(u"3i Group PLC"_qs, u"Ordinary 50p"_qs, true);
+    QVERIFY_DAO_ERROR(add(u"3I GROUP PLC"_qs, u"ordinary 50P"_qs, false), dao::kErrDuplicateKey);
 }
 
 void TestDeliveredDatabases::syntheticClientsAreDistinctAndComplete() {

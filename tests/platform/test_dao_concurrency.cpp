@@ -219,6 +219,17 @@ private Q_SLOTS:
                     .IsNull());
     }
 
+    void anExclusiveOpenKeepsOthersOut() {
+        makeDatabase(test::SmallTables());
+        {
+            dao::Database only = dao::OpenDatabase(path_, true);
+            QVERIFY_DAO_ERROR(dao::OpenDatabase(path_), dao::kErrCannotOpen);
+            test::AddRow(only, kClients, {{kLast, QStringLiteral("Solo")}});
+        }
+        dao::Database db = dao::OpenDatabase(path_);
+        QCOMPARE(rowsIn(db, kClients), 1L);
+    }
+
     void aProcessKilledInsideATransactionLeavesNothingOfIt() {
         makeDatabase(test::ClientTables());
         PeerProcess peer;
@@ -230,7 +241,12 @@ private Q_SLOTS:
         QCOMPARE(peer.Ask({QStringLiteral("add"), QStringLiteral("Killed"), QStringLiteral("Kim")}),
                  QStringLiteral("ok"));
         QVERIFY(peer.Kill());
+        QVERIFY(QFile::exists(path_ + QStringLiteral("-journal")));
 
+        // Even a reader puts the file right before it reads.
+        dao::Database reader = dao::OpenDatabase(path_, false, true);
+        QCOMPARE(rowsIn(reader, QStringLiteral("Diary 4")), 1L);
+        reader.Close();
         dao::Database db = dao::OpenDatabase(path_);
         for (const QString& table : test::ClientTableNames()) {
             QCOMPARE(test::WalkRows(db, table, QStringLiteral("Name"), {kLast}),

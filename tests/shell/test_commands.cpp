@@ -23,7 +23,6 @@
 #include <QStatusBar>
 #include <QTextBrowser>
 #include <QTimer>
-#include <QToolBar>
 #include <QtTest>
 
 using namespace quillon;

@@ -13,10 +13,11 @@
 #include <QAction>
 #include <QFile>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMenu>
 #include <QRandomGenerator>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QToolButton>
 #include <QtTest>
 
 using namespace quillon;
@@ -294,6 +295,32 @@ private Q_SLOTS:
         QVERIFY(text.contains("\r\nAPPLICATION MAXIMISED=False\r\n"));
         QVERIFY(text.contains("\r\nAPPLICATION HEIGHT=6000\r\n"));
         QVERIFY(text.contains("\r\nAPPLICATION WIDTH=9000\r\n"));
+    }
+
+    void toolbarButtonsWrapRatherThanHideInANarrowWindow() {
+        ProgramFolderCopy folder;
+        ScriptedServices services;
+        SetDefaults();
+        ApplicationMaximised = false;
+        ApplicationWidth = 600 * 15;
+        ApplicationHeight = 500 * 15;
+        auto* main = loadMainWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(main));
+        QCoreApplication::processEvents();
+        const QList<QToolButton*> buttons = main->pnlToolBar->findChildren<QToolButton*>();
+        QCOMPARE(buttons.size(), 19);
+        int rows = 0;
+        int lastTop = -1;
+        for (const QToolButton* button : buttons) {
+            QVERIFY2(main->pnlToolBar->rect().contains(button->geometry()),
+                     qPrintable(button->objectName()));
+            if (button->y() != lastTop) {
+                ++rows;
+                lastTop = button->y();
+            }
+        }
+        QVERIFY(rows > 1);
+        QVERIFY(main->mdiArea->geometry().top() >= main->pnlToolBar->geometry().bottom());
     }
 
     void viewItemsToggleAndSaveAtOnce() {
