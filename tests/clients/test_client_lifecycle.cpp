@@ -180,18 +180,6 @@ private Q_SLOTS:
         QCOMPARE(slot.TablesHolding({QStringLiteral("Smith"), QStringLiteral("  ")}).size(), 22);
     }
 
-    void cancelWritesNothing() {
-        ScriptedServices services;
-        ClientSlot slot({kAnn});
-        makeCurrent(kAnn);
-        auto* dialog = openDialog<frmNewClient>();
-        typeName(dialog, QStringLiteral("Bob"), QStringLiteral("Jones"));
-        dialog->cm3Cancel->click();
-        QVERIFY(!stillOpen<frmNewClient>());
-        QCOMPARE(slot.TablesHolding(kBob), QStringList());
-        QCOMPARE(current(), kAnn);
-    }
-
     // A damaged twentieth table fails each operation after nineteen tables
     // have been written: the transaction takes all of them back.
     void failureAtTheTwentiethTableIsRolledBack() {
