@@ -42,6 +42,17 @@ QFont MakeReportFont(const QString& name, double points, bool bold, bool italic,
     return font;
 }
 
+const QFont& ReportFontCache::Get(const QString& name, double points, bool bold, bool italic,
+                                  bool underline) {
+    const QString key =
+        QStringLiteral("%1|%2|%3%4%5").arg(name).arg(points).arg(bold).arg(italic).arg(underline);
+    if (key != key_) {
+        font_ = MakeReportFont(name, points, bold, italic, underline);
+        key_ = key;
+    }
+    return font_;
+}
+
 void PageDocument::Clear() {
     pages.clear();
 }

@@ -38,6 +38,17 @@ QString ResolveFontFamily(const QString& name);
 QFont MakeReportFont(const QString& name, double points, bool bold, bool italic,
                      bool underline = false);
 
+// Keeps the last report font made: text comes mostly in runs of one font, and
+// making a font is not free.
+class ReportFontCache {
+public:
+    const QFont& Get(const QString& name, double points, bool bold, bool italic, bool underline);
+
+private:
+    QFont font_;
+    QString key_;
+};
+
 // Pen width 0 is the thinnest line the device draws; style 0 is solid.
 struct ReportPen {
     ReportColour colour = 0;

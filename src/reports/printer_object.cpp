@@ -77,17 +77,7 @@ double PrinterObject::ScaleHeight() {
 }
 
 const QFont& PrinterObject::CurrentFont() {
-    const QString key = QStringLiteral("%1|%2|%3%4%5")
-                            .arg(FontName)
-                            .arg(FontSize)
-                            .arg(FontBold)
-                            .arg(FontItalic)
-                            .arg(FontUnderline);
-    if (key != fontKey_) {
-        font_ = MakeReportFont(FontName, FontSize, FontBold, FontItalic, FontUnderline);
-        fontKey_ = key;
-    }
-    return font_;
+    return fonts_.Get(FontName, FontSize, FontBold, FontItalic, FontUnderline);
 }
 
 double PrinterObject::TextWidth(const QString& text) {

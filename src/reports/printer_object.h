@@ -73,8 +73,7 @@ private:
     QString activeDevice_;
     QRectF area_;
     PageDocument document_;
-    QFont font_;
-    QString fontKey_;
+    ReportFontCache fonts_;
 };
 
 // The system `Printer` object of the program.

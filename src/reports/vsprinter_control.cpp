@@ -154,17 +154,7 @@ void VSPrinterControl::DrawCircle(double x, double y, double radius) {
 }
 
 const QFont& VSPrinterControl::CurrentFont() {
-    const QString key = QStringLiteral("%1|%2|%3%4%5")
-                            .arg(FontName)
-                            .arg(FontSize)
-                            .arg(FontBold)
-                            .arg(FontItalic)
-                            .arg(FontUnderline);
-    if (key != fontKey_) {
-        font_ = MakeReportFont(FontName, FontSize, FontBold, FontItalic, FontUnderline);
-        fontKey_ = key;
-    }
-    return font_;
+    return fonts_.Get(FontName, FontSize, FontBold, FontItalic, FontUnderline);
 }
 
 double VSPrinterControl::TextWidth(const QString& text) {

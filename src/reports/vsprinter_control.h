@@ -128,8 +128,7 @@ private:
     int duplex_ = 0;
     bool inDocument_ = false;
     bool printing_ = false;
-    QFont font_;
-    QString fontKey_;
+    ReportFontCache fonts_;
 };
 
 // Turns the pages of a document control into a PDF file.

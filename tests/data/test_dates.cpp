@@ -1,25 +1,11 @@
 #include "data/ql_date.h"
 #include "platform/dao.h"
+#include "support/error_number.h"
 #include "support/scripted_services.h"
 
 #include <QTest>
 
 using namespace quillon;
-
-namespace {
-
-// The number of the error `operation` throws, or 0 when it throws none.
-template <typename Operation>
-int ErrorNumberOf(Operation operation) {
-    try {
-        operation();
-    } catch (const dao::DaoError& error) {
-        return error.Number();
-    }
-    return 0;
-}
-
-}  // namespace
 
 class TestDates : public QObject {
     Q_OBJECT

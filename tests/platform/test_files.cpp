@@ -1,4 +1,5 @@
 #include "platform/files.h"
+#include "support/error_number.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,17 +19,6 @@ void WriteFile(const QString& path, const QByteArray& content) {
 QByteArray ReadFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// The number of the error `operation` throws, or 0 when it throws none.
-template <typename Operation>
-int ErrorNumberOf(Operation operation) {
-    try {
-        operation();
-    } catch (const dao::DaoError& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 }  // namespace
