@@ -41,4 +41,9 @@ bool PeerProcess::Quit() {
     return process_.waitForFinished(kAnswerWaitMs) && process_.exitCode() == 0;
 }
 
+bool PeerProcess::Kill() {
+    process_.kill();
+    return process_.waitForFinished(kAnswerWaitMs);
+}
+
 }  // namespace quillon::testing

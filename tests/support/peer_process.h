@@ -18,9 +18,11 @@ public:
     // Sends the command and answers its reply: "ok" or "error <number> <text>".
     QString Ask(const QStringList& words);
     bool Quit();
+    // SIGKILL: the peer gets no chance to tidy up.
+    bool Kill();
+    QString Answer();
 
 private:
-    QString Answer();
     QProcess process_;
 };
 
