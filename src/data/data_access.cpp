@@ -3,6 +3,8 @@
 #include "platform/services.h"
 #include "shell/variables.h"
 
+#include <stdexcept>
+
 namespace quillon {
 
 namespace {
@@ -73,6 +75,10 @@ bool SeekDividendByListText(const QString& text, bool fid, dao::Recordset& recor
 ErrorDetails DetailsOf(const std::exception& error) {
     if (const auto* daoError = dynamic_cast<const dao::DaoError*>(&error)) {
         return {daoError->Number(), daoError->Description()};
+    }
+    // An index outside a list of slots, say, as the old runtime numbered it.
+    if (dynamic_cast<const std::out_of_range*>(&error)) {
+        return {kErrSubscriptOutOfRange, QStringLiteral("Subscript out of range")};
     }
     return {0, QString::fromLocal8Bit(error.what())};
 }

@@ -31,6 +31,9 @@ bool SeekClientByListText(const QString& text, dao::Recordset& recordset);
 bool SeekDividendByListText(const QString& text, bool fid, dao::Recordset& recordset);
 
 // The number and text of a failure, from the database layer or elsewhere.
+// The number the old runtime gave an index outside an array's bounds.
+constexpr int kErrSubscriptOutOfRange = 9;
+
 struct ErrorDetails {
     int number = 0;
     QString description;

@@ -1,7 +1,7 @@
 #include "shell/frmBackupWarning.h"
 
+#include "data/data_access.h"
 #include "shell/configuration.h"
-#include "shell/failure_report.h"
 #include "shell/forms_gui.h"
 #include "shell/lifecycle.h"
 #include "shell/variables.h"
@@ -94,7 +94,7 @@ void frmBackupWarning::Form_Load() {
     try {
         lblWarning->setText(WarningText());
     } catch (const std::exception& error) {
-        ReportFailure(QString::fromLatin1(kFormName), QStringLiteral("Form_Load"), error);
+        ReportError(QString::fromLatin1(kFormName), QStringLiteral("Form_Load"), error);
     }
     adjustSize();
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {

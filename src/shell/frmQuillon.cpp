@@ -1,9 +1,9 @@
 #include "shell/frmQuillon.h"
 
+#include "data/data_access.h"
 #include "shell/artwork_gui.h"
 #include "shell/configuration.h"
 #include "shell/database_check.h"
-#include "shell/failure_report.h"
 #include "shell/forms_gui.h"
 #include "shell/frmTip.h"
 #include "shell/lifecycle.h"
@@ -78,7 +78,7 @@ void frmQuillon::Form_Load() {
         ShowUserTitle();
         ActiveSection = 0;
     } catch (const std::exception& error) {
-        ReportFailure(QString::fromLatin1(kFormName), QStringLiteral("Form_Load"), error);
+        ReportError(QString::fromLatin1(kFormName), QStringLiteral("Form_Load"), error);
     }
     show();
 }

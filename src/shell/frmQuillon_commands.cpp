@@ -5,7 +5,6 @@
 #include "platform/files.h"
 #include "shell/configuration.h"
 #include "shell/database_check.h"
-#include "shell/failure_report.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
 #include "shell/frmTip.h"
@@ -272,7 +271,7 @@ void frmQuillon::mnuAltFile_Click(int index) {
         }
         WriteConfiguration();
     } catch (const std::exception& error) {
-        ReportFailure(QString::fromLatin1(kFormName), QStringLiteral("mnuAltFile_Click"), error);
+        ReportError(QString::fromLatin1(kFormName), QStringLiteral("mnuAltFile_Click"), error);
     }
 }
 

@@ -1,6 +1,10 @@
 // basMain: the start of the program.
 #include "shell/main_gui.h"
 
+#include "clients/frmClients.h"
+#include "clients/frmDeleteClient.h"
+#include "clients/frmNewClient.h"
+#include "clients/frmRenameClient.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
 #include "reports/frmVSPrintSettings.h"
@@ -102,6 +106,10 @@ void RegisterProgramForms() {
     registerDialog<frmFolderManager>();
     RegisterSectionForms();
     // The forms of the other parts of the program, by the names their commands use.
+    registerForm<frmClients>();
+    registerDialog<frmNewClient>();
+    registerDialog<frmRenameClient>();
+    registerDialog<frmDeleteClient>();
     RegisterForm(QStringLiteral("frmVSPrintSettings"),
                  [] { return new frmVSPrintSettings(LoadedForm(QStringLiteral("frmQuillon"))); });
 }

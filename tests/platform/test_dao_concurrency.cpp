@@ -1,13 +1,14 @@
 // Several users of one file: the lock that Edit and transactions hold, the
 // errors another user meets meanwhile, and what a killed process leaves.
 
-#include <QProcess>
 #include <QtTest>
 
 #include "platform/dao.h"
+#include "support/peer_process.h"
 #include "support/temp_database.h"
 
 using namespace quillon;
+using quillon::testing::PeerProcess;
 
 namespace {
 
@@ -16,50 +17,6 @@ const QString kLast = QStringLiteral("Last Name");
 const QString kFirst = QStringLiteral("First Names");
 const QString kTown = QStringLiteral("Town");
 constexpr int kShortLockTimeout = 200;
-constexpr int kAnswerWaitMs = 30000;
-
-// The helper program as a second user of the file.
-class PeerProcess {
-public:
-    PeerProcess() {
-        process_.setProgram(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_dao_peer"));
-        process_.start();
-    }
-    ~PeerProcess() {
-        if (process_.state() != QProcess::NotRunning) {
-            process_.kill();
-            process_.waitForFinished(kAnswerWaitMs);
-        }
-    }
-    bool Started() { return process_.waitForStarted(kAnswerWaitMs); }
-
-    QString Ask(const QStringList& words) {
-        process_.write((words.join(QLatin1Char('\t')) + QLatin1Char('\n')).toUtf8());
-        return Answer();
-    }
-
-    QString Answer() {
-        while (!process_.canReadLine()) {
-            if (!process_.waitForReadyRead(kAnswerWaitMs)) {
-                return QStringLiteral("<no answer>");
-            }
-        }
-        return QString::fromUtf8(process_.readLine()).trimmed();
-    }
-
-    bool Quit() {
-        process_.write("quit\n");
-        return process_.waitForFinished(kAnswerWaitMs) && process_.exitCode() == 0;
-    }
-
-    bool Kill() {
-        process_.kill();  // SIGKILL: no chance to tidy up
-        return process_.waitForFinished(kAnswerWaitMs);
-    }
-
-private:
-    QProcess process_;
-};
 
 dao::Recordset clientAt(dao::Database& db, const QString& last, const QString& first) {
     dao::Recordset rs = db.OpenRecordset(kClients);

@@ -1,0 +1,139 @@
+// The client list and the client lifecycle on a client database of 10,000
+// clients: loading the list, and creating, renaming and deleting a client
+// across its 22 tables as the dialogs do. Run with
+//   bench_clients --benchmark_repetitions=9 --benchmark_report_aggregates_only=true
+// and read the medians.
+
+#include "clients/client_lifecycle.h"
+#include "clients/frmClients.h"
+#include "data/delivered_databases.h"
+#include "platform/services.h"
+#include "shell/variables.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace quillon;
+
+namespace {
+
+constexpr int kClients = 10000;
+
+// A message during a benchmark means the work failed: stop rather than time it.
+class FailingMessages : public MessageService {
+public:
+    int MsgBox(const QString& prompt, int, const QString&) override {
+        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(prompt));
+        std::abort();
+    }
+    void Beep() override {}
+};
+
+struct Fixture {
+    QTemporaryDir folder;
+    FailingMessages messages;
+
+    Fixture() {
+        DatabaseFolder[1] = folder.path();
+        DatabaseTitle[1] = QStringLiteral("Benchmark");
+        SelectedFile = 1;
+        MakeSyntheticClientDatabase(ClientDatabasePath(), kClients);
+        Services services;
+        services.messages = &messages;
+        InstallServices(services);
+    }
+};
+
+Fixture& fixture() {
+    static Fixture instance;
+    return instance;
+}
+
+ClientName benchClient(int n) {
+    return {QStringLiteral("Bench %1").arg(n), QStringLiteral("Lifecycle")};
+}
+
+void addClient(const ClientName& name) {
+    ClientTables tables;
+    tables.Open(ClientDatabasePath());
+    AddClientRows(tables, name);
+    tables.Close();
+}
+
+void BM_ClientListLoad(benchmark::State& state) {
+    fixture();
+    for (auto _ : state) {
+        frmClients list;
+        benchmark::DoNotOptimize(list.pnlCount->text());
+    }
+}
+BENCHMARK(BM_ClientListLoad)->Unit(benchmark::kMillisecond);
+
+void BM_NewClient(benchmark::State& state) {
+    fixture();
+    int n = 0;
+    for (auto _ : state) {
+        addClient(benchClient(++n));
+    }
+    // The clients go again, so that every run starts from the same database.
+    for (int i = 1; i <= n; ++i) {
+        ClientTables tables;
+        tables.Open(ClientDatabasePath());
+        DeleteClientRows(tables, benchClient(i));
+        tables.Close();
+    }
+}
+BENCHMARK(BM_NewClient)->Unit(benchmark::kMillisecond);
+
+void BM_RenameClient(benchmark::State& state) {
+    fixture();
+    const ClientName names[2] = {benchClient(-1), benchClient(-2)};
+    addClient(names[0]);
+    int from = 0;
+    for (auto _ : state) {
+        ClientTables tables;
+        tables.Open(ClientDatabasePath());
+        benchmark::DoNotOptimize(RenameClientRows(tables, names[from], names[1 - from]));
+        tables.Close();
+        from = 1 - from;
+    }
+    ClientTables tables;
+    tables.Open(ClientDatabasePath());
+    DeleteClientRows(tables, names[from]);
+    tables.Close();
+}
+BENCHMARK(BM_RenameClient)->Unit(benchmark::kMillisecond);
+
+void BM_DeleteClient(benchmark::State& state) {
+    fixture();
+    int n = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        addClient(benchClient(++n));
+        state.ResumeTiming();
+        ClientTables tables;
+        tables.Open(ClientDatabasePath());
+        benchmark::DoNotOptimize(DeleteClientRows(tables, benchClient(n)));
+        tables.Close();
+    }
+}
+BENCHMARK(BM_DeleteClient)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
