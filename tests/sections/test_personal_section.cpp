@@ -6,6 +6,7 @@
 #include "sections/frmSpouseList.h"
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
+#include "support/peer_process.h"
 #include "support/scripted_services.h"
 #include "support/section_testing.h"
 #include "support/shell_testing.h"
@@ -274,7 +275,8 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
         frmPersonal* personal = OpenPersonal();
-        SecondUser userB;
+        PeerProcess userB;
+        QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
         QCOMPARE(userB.Ask({"edit", kPersonal, kBert.last, kBert.first}), u"ok"_qs);
         services.messages.Answer(vbOK);

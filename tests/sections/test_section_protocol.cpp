@@ -6,6 +6,7 @@
 #include "sections/frmUser.h"
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
+#include "support/peer_process.h"
 #include "support/scripted_services.h"
 #include "support/section_testing.h"
 #include "support/shell_testing.h"
@@ -81,7 +82,8 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
         frmPersonal* personal = OpenPersonal();
-        SecondUser userB;
+        PeerProcess userB;
+        QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
         QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
         QCOMPARE(userB.Ask({"set", "Title", "Prof"}), u"ok"_qs);
@@ -105,7 +107,8 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda});
         OpenPersonal();
-        SecondUser userB;
+        PeerProcess userB;
+        QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
         QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
         services.messages.Answer(vbOK);
@@ -122,7 +125,8 @@ private Q_SLOTS:
     void aScreenNeverActivatedWritesNothing() {
         ScriptedServices services;
         SectionWorld world({kAda});
-        SecondUser userB;
+        PeerProcess userB;
+        QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
         QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
         auto* personal = LoadForm<frmPersonal>();

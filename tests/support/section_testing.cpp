@@ -16,7 +16,6 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QProcess>
 #include <QtTest>
 
 namespace quillon::testing {
@@ -111,37 +110,6 @@ QWidget* OtherChildWindow() {
     other->setAttribute(Qt::WA_DeleteOnClose);
     ShowForm(other);
     return other;
-}
-
-namespace {
-constexpr int kAnswerWaitMs = 10000;
-}
-
-SecondUser::SecondUser() : process_(new QProcess) {
-    process_->setProgram(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_dao_peer"));
-    process_->start();
-    if (!process_->waitForStarted(kAnswerWaitMs)) {
-        QTest::qFail("the second user's program did not start", __FILE__, __LINE__);
-    }
-}
-
-SecondUser::~SecondUser() {
-    process_->write("quit\n");
-    if (!process_->waitForFinished(kAnswerWaitMs)) {
-        process_->kill();
-        process_->waitForFinished(kAnswerWaitMs);
-    }
-    delete process_;
-}
-
-QString SecondUser::Ask(const QStringList& words) {
-    process_->write((words.join(QLatin1Char('\t')) + QLatin1Char('\n')).toUtf8());
-    while (!process_->canReadLine()) {
-        if (!process_->waitForReadyRead(kAnswerWaitMs)) {
-            return QStringLiteral("<no answer>");
-        }
-    }
-    return QString::fromUtf8(process_->readLine()).trimmed();
 }
 
 void Trigger(const QString& command) {

@@ -10,7 +10,6 @@
 #include <QVariant>
 
 class QLineEdit;
-class QProcess;
 class QWidget;
 
 namespace quillon::testing {
@@ -48,20 +47,6 @@ QVariant CommonField(const QString& name, const QString& field);
 void ActivateChild(QWidget* form);
 // A plain child window of the main window, standing for any other screen.
 QWidget* OtherChildWindow();
-
-// Another user of the database: a second process that edits rows.
-class SecondUser {
-public:
-    SecondUser();
-    ~SecondUser();
-    SecondUser(const SecondUser&) = delete;
-    SecondUser& operator=(const SecondUser&) = delete;
-    // Sends one command (see tests/platform/helper_dao_peer.cpp); its answer.
-    QString Ask(const QStringList& words);
-
-private:
-    QProcess* process_;
-};
 
 // Runs a main window command, as a click on its button or menu item.
 void Trigger(const QString& command);
