@@ -6,53 +6,21 @@
 
 #include "clients/client_lifecycle.h"
 #include "clients/frmClients.h"
-#include "data/delivered_databases.h"
-#include "platform/services.h"
 #include "shell/variables.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QTemporaryDir>
+
+#include "synthetic_slot.h"
 
 #include <benchmark/benchmark.h>
-
-#include <cstdio>
-#include <cstdlib>
 
 using namespace quillon;
 
 namespace {
 
-constexpr int kClients = 10000;
-
-// A message during a benchmark means the work failed: stop rather than time it.
-class FailingMessages : public MessageService {
-public:
-    int MsgBox(const QString& prompt, int, const QString&) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(prompt));
-        std::abort();
-    }
-    void Beep() override {}
-};
-
-struct Fixture {
-    QTemporaryDir folder;
-    FailingMessages messages;
-
-    Fixture() {
-        DatabaseFolder[1] = folder.path();
-        DatabaseTitle[1] = QStringLiteral("Benchmark");
-        SelectedFile = 1;
-        MakeSyntheticClientDatabase(ClientDatabasePath(), kClients);
-        Services services;
-        services.messages = &messages;
-        InstallServices(services);
-    }
-};
-
-Fixture& fixture() {
-    static Fixture instance;
-    return instance;
+void fixture() {
+    bench::TheSyntheticSlot();
 }
 
 ClientName benchClient(int n) {

@@ -5,60 +5,31 @@
 
 #include "data/client_data.h"
 #include "data/database_schema.h"
-#include "data/delivered_databases.h"
 #include "platform/dao.h"
-#include "platform/services.h"
 #include "shell/variables.h"
 
 #include <QDir>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
+
+#include "synthetic_slot.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 using namespace quillon;
 
 namespace {
 
-constexpr int kClients = 10000;
-
 struct ClientName {
     QString first;
     QString last;
 };
 
-// A message during a benchmark means the work failed: stop rather than time it.
-class FailingMessages : public MessageService {
-public:
-    int MsgBox(const QString& prompt, int, const QString&) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(prompt));
-        std::abort();
-    }
-    void Beep() override {}
-};
-
 struct Fixture {
-    QTemporaryDir folder;
-    QString path;
-    std::vector<ClientName> clients;
-    FailingMessages messages;
-
-    Fixture() {
-        path = folder.filePath(QStringLiteral("QUILL020.MDB"));
-        MakeSyntheticClientDatabase(path, kClients);
-        clients = readClientNames();
-        Services services;
-        services.messages = &messages;
-        InstallServices(services);
-        DatabaseFolder[1] = folder.path();
-        DatabaseTitle[1] = QStringLiteral("Benchmark");
-        SelectedFile = 1;
-    }
+    QString path = bench::TheSyntheticSlot().DatabasePath();
+    std::vector<ClientName> clients = readClientNames();
 
     std::vector<ClientName> readClientNames() const {
         std::vector<ClientName> names;
@@ -107,6 +78,7 @@ void bindText(sqlite3_stmt* stmt, int index, const QString& text) {
 }
 
 void BM_OpenSeekClose(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         dao::Database db = dao::OpenDatabase(fixture().path);
@@ -121,6 +93,7 @@ void BM_OpenSeekClose(benchmark::State& state) {
 BENCHMARK(BM_OpenSeekClose)->Unit(benchmark::kMicrosecond);
 
 void BM_OpenSeekClose_Raw(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         sqlite3* db = rawOpen();
@@ -136,6 +109,7 @@ void BM_OpenSeekClose_Raw(benchmark::State& state) {
 BENCHMARK(BM_OpenSeekClose_Raw)->Unit(benchmark::kMicrosecond);
 
 void BM_MoveClientRecordNext(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         CurrentFirst = client.first;
@@ -147,6 +121,7 @@ void BM_MoveClientRecordNext(benchmark::State& state) {
 BENCHMARK(BM_MoveClientRecordNext)->Unit(benchmark::kMicrosecond);
 
 void BM_MoveClientRecordNext_Raw(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         sqlite3* db = rawOpen();
@@ -175,6 +150,7 @@ BENCHMARK(BM_MoveClientRecordNext_Raw)->Unit(benchmark::kMicrosecond);
 // Adds one client to all 22 tables in one transaction; the rows are removed
 // again outside the timing.
 void BM_AddClientInTransaction(benchmark::State& state) {
+    fixture();  // made before the timing starts
     const QStringList tables = ClientTableNames();
     int serial = 0;
     for (auto _ : state) {
@@ -203,6 +179,7 @@ void BM_AddClientInTransaction(benchmark::State& state) {
 BENCHMARK(BM_AddClientInTransaction)->Unit(benchmark::kMicrosecond);
 
 void BM_AddClientInTransaction_Raw(benchmark::State& state) {
+    fixture();  // made before the timing starts
     const QStringList tables = ClientTableNames();
     int serial = 0;
     for (auto _ : state) {
@@ -235,6 +212,7 @@ void BM_AddClientInTransaction_Raw(benchmark::State& state) {
 BENCHMARK(BM_AddClientInTransaction_Raw)->Unit(benchmark::kMicrosecond);
 
 void BM_WalkClientsInIndexOrder(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         dao::Database db = dao::OpenDatabase(fixture().path);
         dao::Recordset clients =
@@ -246,7 +224,7 @@ void BM_WalkClientsInIndexOrder(benchmark::State& state) {
             benchmark::DoNotOptimize(clients.Fields(QStringLiteral("First Names")).Value());
             ++count;
         }
-        if (count != kClients + 1) {  // the sample client too
+        if (count != bench::kBenchClients + 1) {  // the sample client too
             state.SkipWithError("walk missed clients");
         }
     }
@@ -254,6 +232,7 @@ void BM_WalkClientsInIndexOrder(benchmark::State& state) {
 BENCHMARK(BM_WalkClientsInIndexOrder)->Unit(benchmark::kMillisecond);
 
 void BM_WalkClientsInIndexOrder_Raw(benchmark::State& state) {
+    fixture();  // made before the timing starts
     for (auto _ : state) {
         sqlite3* db = rawOpen();
         sqlite3_stmt* walk =

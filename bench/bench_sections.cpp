@@ -4,56 +4,24 @@
 //   bench_sections --benchmark_repetitions=9 --benchmark_report_aggregates_only=true
 // and read the median.
 
-#include "data/delivered_databases.h"
 #include "platform/dao.h"
-#include "platform/services.h"
 #include "sections/frmPersonal.h"
 #include "shell/variables.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
+
+#include "synthetic_slot.h"
 
 #include <benchmark/benchmark.h>
-
-#include <cstdio>
-#include <cstdlib>
 
 using namespace quillon;
 
 namespace {
 
-constexpr int kClients = 10000;
-
-// A message during a benchmark means the work failed: stop rather than time it.
-class FailingMessages : public MessageService {
-public:
-    int MsgBox(const QString& prompt, int, const QString&) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(prompt));
-        std::abort();
-    }
-    void Beep() override {}
-};
-
-struct Fixture {
-    QTemporaryDir folder;
-    FailingMessages messages;
-
-    Fixture() {
-        MakeSyntheticClientDatabase(folder.filePath(QStringLiteral("QUILL020.MDB")), kClients);
-        Services services;
-        services.messages = &messages;
-        InstallServices(services);
-        DatabaseFolder[1] = folder.path();
-        DatabaseTitle[1] = QStringLiteral("Benchmark");
-        SelectedFile = 1;
-    }
-};
-
-Fixture& fixture() {
-    static Fixture instance;
-    return instance;
+void fixture() {
+    bench::TheSyntheticSlot();
 }
 
 void StandOnFirstClient() {

@@ -1,0 +1,33 @@
+#pragma once
+// The database every benchmark works on: 10,000 synthetic clients in a
+// temporary slot folder, selected as slot 1.
+
+#include "platform/services.h"
+
+#include <QTemporaryDir>
+
+namespace quillon::bench {
+
+constexpr int kBenchClients = 10000;
+
+// A message box during a benchmark means the work failed: stop rather than time it.
+class FailingMessages : public MessageService {
+public:
+    int MsgBox(const QString& prompt, int style, const QString& title) override;
+    void Beep() override {}
+};
+
+class SyntheticSlot {
+public:
+    SyntheticSlot();
+    QString DatabasePath() const;
+
+private:
+    QTemporaryDir folder_;
+    FailingMessages messages_;
+};
+
+// Made on first use, so that only the benchmarks that run pay for it.
+SyntheticSlot& TheSyntheticSlot();
+
+}  // namespace quillon::bench
