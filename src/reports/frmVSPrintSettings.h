@@ -19,9 +19,6 @@ class QTabBar;
 
 namespace quillon {
 
-// The "Messages" tab's flag: held for the run, not kept in the configuration.
-inline bool DisableChildBenefitMessage = false;
-
 class frmVSPrintSettings : public QDialog {
     Q_OBJECT
 

@@ -42,6 +42,11 @@ inline QString UserTitle;
 
 // The open section screen: 0 none, 1 Personal ... 8 Diary.
 inline qint16 ActiveSection = 0;
+
+// The report settings' "Messages" tab flag: held for the run only, not kept in
+// the settings file.
+inline bool DisableChildBenefitMessage = false;
+
 inline quint8 EmploymentPage = 1;
 inline quint8 BusinessPage = 1;
 // Which of the tables `Asset 16` to `Asset 19` frmAssetsExt shows.
