@@ -4,6 +4,7 @@
 #include "platform/services.h"
 #include "reports/print_backend.h"
 #include "reports/vsprint.h"
+#include "shell/configuration.h"
 #include "shell/variables.h"
 
 #include <QGuiApplication>
@@ -74,6 +75,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QGuiApplication app(argc, argv);
+    SetDefaults();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

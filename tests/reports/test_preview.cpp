@@ -4,6 +4,7 @@
 #include "reports/frmVSPrintDialog.h"
 #include "reports/vsprint.h"
 #include "reports/vsprint_gui.h"
+#include "shell/configuration.h"
 #include "shell/variables.h"
 #include "support/print_fakes.h"
 
@@ -75,6 +76,7 @@ private:
 
 private Q_SLOTS:
     void init() {
+        SetDefaults();
         desktop_.services.messages.ClearRecord();
         desktop_.backend.jobs.clear();
         desktop_.backend.ready = true;
