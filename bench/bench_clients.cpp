@@ -8,10 +8,11 @@
 #include "clients/frmClients.h"
 #include "shell/variables.h"
 
-#include <QApplication>
 #include <QLabel>
 
 #include "synthetic_slot.h"
+
+#include "bench_main.h"
 
 #include <benchmark/benchmark.h>
 
@@ -96,12 +97,5 @@ BENCHMARK(BM_DeleteClient)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::RunBenchmarks(argc, argv);
 }

@@ -4,11 +4,11 @@
 #include "platform/services.h"
 #include "reports/print_backend.h"
 #include "reports/vsprint.h"
-#include "shell/configuration.h"
 #include "shell/variables.h"
 
-#include <QGuiApplication>
 #include <QTemporaryDir>
+
+#include "bench_main.h"
 
 #include <benchmark/benchmark.h>
 
@@ -71,13 +71,5 @@ BENCHMARK(BM_HundredPagesToPdf)
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QGuiApplication app(argc, argv);
-    SetDefaults();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::RunBenchmarks(argc, argv);
 }

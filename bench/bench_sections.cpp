@@ -8,11 +8,12 @@
 #include "sections/frmPersonal.h"
 #include "shell/variables.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 
 #include "synthetic_slot.h"
+
+#include "bench_main.h"
 
 #include <benchmark/benchmark.h>
 
@@ -55,12 +56,5 @@ BENCHMARK(BM_PersonalNext)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::RunBenchmarks(argc, argv);
 }

@@ -26,9 +26,6 @@ using namespace quillon::testing;
 
 namespace {
 
-const ClientName kAda{QStringLiteral("Ada"), QStringLiteral("Lovell")};
-const ClientName kBert{QStringLiteral("Bert"), QStringLiteral("Mason")};
-const ClientName kCora{QStringLiteral("Cora"), QStringLiteral("Nash")};
 const QString kPersonal = QStringLiteral("Personal");
 const QString kLongDateMessage =
     QStringLiteral("Invalid date - you must enter dates in the format dd/mm/yyyy");

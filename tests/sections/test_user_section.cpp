@@ -21,9 +21,6 @@ using namespace quillon::testing;
 
 namespace {
 
-const ClientName kAda{QStringLiteral("Ada"), QStringLiteral("Lovell")};
-const ClientName kBert{QStringLiteral("Bert"), QStringLiteral("Mason")};
-
 frmUser* OpenUser() {
     Trigger(QStringLiteral("cm3User"));
     return LoadedForm<frmUser>();

@@ -19,6 +19,11 @@ struct ClientName {
     QString last;
 };
 
+// The clients the section tests work with, in name order.
+inline const ClientName kAda{QStringLiteral("Ada"), QStringLiteral("Lovell")};
+inline const ClientName kBert{QStringLiteral("Bert"), QStringLiteral("Mason")};
+inline const ClientName kCora{QStringLiteral("Cora"), QStringLiteral("Nash")};
+
 // The program folder holds a client database with `clients` in every client
 // table, the first of them current, and the main window is open on it.
 class SectionWorld {
