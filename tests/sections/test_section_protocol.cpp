@@ -22,15 +22,6 @@ using namespace quillon::testing;
 
 namespace {
 
-const QString kPersonal = QStringLiteral("Personal");
-const QString kShortDateMessage =
-    QStringLiteral("Invalid date - you must enter dates in the format dd/mm/yy");
-
-frmPersonal* OpenPersonal() {
-    Trigger(QStringLiteral("cm3Personal"));
-    return LoadedForm<frmPersonal>();
-}
-
 QString PersonalField(const ClientName& client, const QString& field) {
     return FieldOf(kPersonal, client, field).toString();
 }

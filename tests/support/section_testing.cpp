@@ -4,6 +4,7 @@
 #include "data/database_schema.h"
 #include "data/delivered_databases.h"
 #include "platform/dao.h"
+#include "sections/frmPersonal.h"
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
@@ -138,6 +139,11 @@ void TypeInto(QLineEdit* box, const QString& text) {
         QTest::keyClicks(box, text);
     }
     Leave(box);
+}
+
+frmPersonal* OpenPersonal() {
+    Trigger(QStringLiteral("cm3Personal"));
+    return LoadedForm<frmPersonal>();
 }
 
 }  // namespace quillon::testing

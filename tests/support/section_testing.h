@@ -12,6 +12,10 @@
 class QLineEdit;
 class QWidget;
 
+namespace quillon {
+class frmPersonal;
+}
+
 namespace quillon::testing {
 
 struct ClientName {
@@ -23,6 +27,10 @@ struct ClientName {
 inline const ClientName kAda{QStringLiteral("Ada"), QStringLiteral("Lovell")};
 inline const ClientName kBert{QStringLiteral("Bert"), QStringLiteral("Mason")};
 inline const ClientName kCora{QStringLiteral("Cora"), QStringLiteral("Nash")};
+
+inline const QString kPersonal = QStringLiteral("Personal");
+inline const QString kShortDateMessage =
+    QStringLiteral("Invalid date - you must enter dates in the format dd/mm/yy");
 
 // The program folder holds a client database with `clients` in every client
 // table, the first of them current, and the main window is open on it.
@@ -55,6 +63,8 @@ QWidget* OtherChildWindow();
 
 // Runs a main window command, as a click on its button or menu item.
 void Trigger(const QString& command);
+// The personal section, opened from the main window as a user would.
+frmPersonal* OpenPersonal();
 
 // Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
 void TypeInto(QLineEdit* box, const QString& text);
