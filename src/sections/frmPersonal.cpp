@@ -2,6 +2,7 @@
 
 #include "data/ql_date.h"
 #include "data/validate.h"
+#include "platform/widgets_gui.h"
 #include "shell/forms_gui.h"
 
 #include <QFormLayout>
@@ -15,28 +16,6 @@
 #include <QVBoxLayout>
 
 namespace quillon {
-
-namespace {
-
-QLineEdit* NamedBox(const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    return box;
-}
-
-QPushButton* NamedButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
-
-QRadioButton* NamedOption(const QString& name, const QString& caption, QWidget* parent) {
-    auto* option = new QRadioButton(caption, parent);
-    option->setObjectName(name);
-    return option;
-}
-
-}  // namespace
 
 frmPersonal::frmPersonal(QWidget* parent) : SectionScreen(kPersonalSection, parent) {
     setWindowTitle(QStringLiteral("Personal"));
@@ -67,10 +46,10 @@ frmPersonal::~frmPersonal() = default;
 QWidget* frmPersonal::BuildNames() {
     auto* frame = new QGroupBox(Body());
     auto* form = new QFormLayout(frame);
-    txtFullName = NamedBox(QStringLiteral("txtFullName"), frame);
-    txtTitle = NamedBox(QStringLiteral("txtTitle"), frame);
-    txtCalled = NamedBox(QStringLiteral("txtCalled"), frame);
-    txtDOB = NamedBox(QStringLiteral("txtDOB"), frame);
+    txtFullName = Named<QLineEdit>(QStringLiteral("txtFullName"), frame);
+    txtTitle = Named<QLineEdit>(QStringLiteral("txtTitle"), frame);
+    txtCalled = Named<QLineEdit>(QStringLiteral("txtCalled"), frame);
+    txtDOB = Named<QLineEdit>(QStringLiteral("txtDOB"), frame);
     form->addRow(tr("Full name"), txtFullName);
     form->addRow(tr("Title"), txtTitle);
     form->addRow(tr("Called"), txtCalled);
@@ -83,7 +62,7 @@ QWidget* frmPersonal::BuildAddress() {
     auto* frame = new QGroupBox(tr("Address"), Body());
     auto* form = new QFormLayout(frame);
     for (int line = 1; line <= 6; ++line) {
-        txtAddress[line] = NamedBox(QStringLiteral("txtAddress(%1)").arg(line), frame);
+        txtAddress[line] = Named<QLineEdit>(QStringLiteral("txtAddress(%1)").arg(line), frame);
         form->addRow(line == 6 ? QStringLiteral("Postcode") : QString(), txtAddress[line]);
     }
     return frame;
@@ -96,7 +75,7 @@ QWidget* frmPersonal::BuildTelephones() {
     const QString labels[] = {QStringLiteral("Home"), QStringLiteral("Work"), QStringLiteral("Fax"),
                               QStringLiteral("Mobile")};
     for (int i = 0; i < 4; ++i) {
-        txtTelephone[i] = NamedBox(QStringLiteral("txtTelephone(%1)").arg(i), frame);
+        txtTelephone[i] = Named<QLineEdit>(QStringLiteral("txtTelephone(%1)").arg(i), frame);
         form->addRow(labels[i], txtTelephone[i]);
     }
     return frame;
@@ -107,23 +86,23 @@ QWidget* frmPersonal::BuildTelephones() {
 QWidget* frmPersonal::BuildFamily() {
     auto* frame = new QGroupBox(tr("Family"), Body());
     auto* grid = new QGridLayout(frame);
-    txtSpouse[0] = NamedBox(QStringLiteral("txtSpouse(0)"), frame);
-    txtSpouse[1] = NamedBox(QStringLiteral("txtSpouse(1)"), frame);
-    txtSpouseDOB = NamedBox(QStringLiteral("txtSpouseDOB"), frame);
-    cm3Spouse = NamedButton(QStringLiteral("cm3Spouse"), QStringLiteral("Select"), frame);
+    txtSpouse[0] = Named<QLineEdit>(QStringLiteral("txtSpouse(0)"), frame);
+    txtSpouse[1] = Named<QLineEdit>(QStringLiteral("txtSpouse(1)"), frame);
+    txtSpouseDOB = Named<QLineEdit>(QStringLiteral("txtSpouseDOB"), frame);
+    cm3Spouse = Named<QPushButton>(QStringLiteral("cm3Spouse"), QStringLiteral("Select"), frame);
     grid->addWidget(new QLabel(tr("Spouse"), frame), 0, 0);
     grid->addWidget(txtSpouse[0], 0, 1);
     grid->addWidget(txtSpouse[1], 0, 2);
     grid->addWidget(txtSpouseDOB, 0, 3);
     grid->addWidget(cm3Spouse, 1, 3);
     for (int i = 0; i < 4; ++i) {
-        txtChild[i] = NamedBox(QStringLiteral("txtChild(%1)").arg(i), frame);
-        txtChildDOB[i] = NamedBox(QStringLiteral("txtChildDOB(%1)").arg(i), frame);
+        txtChild[i] = Named<QLineEdit>(QStringLiteral("txtChild(%1)").arg(i), frame);
+        txtChildDOB[i] = Named<QLineEdit>(QStringLiteral("txtChildDOB(%1)").arg(i), frame);
         grid->addWidget(new QLabel(tr("Child %1").arg(i + 1), frame), i + 2, 0);
         grid->addWidget(txtChild[i], i + 2, 1, 1, 2);
         grid->addWidget(txtChildDOB[i], i + 2, 3);
     }
-    cm3Indicators = NamedButton(QStringLiteral("cm3Indicators"), tr("Indicators"), frame);
+    cm3Indicators = Named<QPushButton>(QStringLiteral("cm3Indicators"), tr("Indicators"), frame);
     grid->addWidget(cm3Indicators, 6, 3);
     grid->setRowStretch(7, 1);
     return frame;
@@ -140,11 +119,12 @@ QWidget* frmPersonal::BuildOptions() {
     const QString sexes[] = {QStringLiteral("Male"), QStringLiteral("Female")};
     std::vector<QAbstractButton*> sexButtons;
     for (int i = 1; i <= 2; ++i) {
-        op3Sex[i] = NamedOption(QStringLiteral("op3Sex(%1)").arg(i), sexes[i - 1], sexFrame);
+        op3Sex[i] =
+            Named<QRadioButton>(QStringLiteral("op3Sex(%1)").arg(i), sexes[i - 1], sexFrame);
         sexLayout->addWidget(op3Sex[i]);
         sexButtons.push_back(op3Sex[i]);
     }
-    cmdClearSex = NamedButton(QStringLiteral("cmdClearSex"), tr("Clear"), sexFrame);
+    cmdClearSex = Named<QPushButton>(QStringLiteral("cmdClearSex"), tr("Clear"), sexFrame);
     sexLayout->addWidget(cmdClearSex);
     auto* maritalFrame = new QGroupBox(tr("Marital status"), panel);
     auto* maritalLayout = new QVBoxLayout(maritalFrame);
@@ -153,12 +133,13 @@ QWidget* frmPersonal::BuildOptions() {
                               QStringLiteral("Widowed")};
     std::vector<QAbstractButton*> maritalButtons;
     for (int i = 1; i <= 5; ++i) {
-        op3Marital[i] =
-            NamedOption(QStringLiteral("op3Marital(%1)").arg(i), states[i - 1], maritalFrame);
+        op3Marital[i] = Named<QRadioButton>(QStringLiteral("op3Marital(%1)").arg(i), states[i - 1],
+                                            maritalFrame);
         maritalLayout->addWidget(op3Marital[i]);
         maritalButtons.push_back(op3Marital[i]);
     }
-    cmdClearMarital = NamedButton(QStringLiteral("cmdClearMarital"), tr("Clear"), maritalFrame);
+    cmdClearMarital =
+        Named<QPushButton>(QStringLiteral("cmdClearMarital"), tr("Clear"), maritalFrame);
     maritalLayout->addWidget(cmdClearMarital);
     row->addWidget(sexFrame);
     row->addWidget(maritalFrame);

@@ -1,5 +1,7 @@
 #include "shell/frmAbout.h"
 
+#include "platform/widgets_gui.h"
+
 #include "platform/services.h"
 #include "shell/artwork_gui.h"
 #include "shell/database_check.h"
@@ -78,16 +80,11 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     lblVersion =
         addLabel(this, layout, "lblVersion", QStringLiteral("Version ") + ProgramVersion());
     lblSystem = addLabel(this, layout, "lblSystem", OSName);
-    auto* buttons = new QHBoxLayout;
-    layout->addLayout(buttons);
-    buttons->addStretch();
-    cmdOK = new QPushButton(QStringLiteral("OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdOK = Named<QPushButton>(QStringLiteral("cmdOK"), QStringLiteral("OK"), this);
     cmdOK->setDefault(true);
-    cmdSysInfo = new QPushButton(QStringLiteral("&System Info..."), this);
-    cmdSysInfo->setObjectName(QStringLiteral("cmdSysInfo"));
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdSysInfo);
+    cmdSysInfo =
+        Named<QPushButton>(QStringLiteral("cmdSysInfo"), QStringLiteral("&System Info..."), this);
+    AddButtonRow(layout, {cmdOK, cmdSysInfo});
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::close);
     connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
 }

@@ -1,5 +1,7 @@
 #include "shell/frmFolderManager.h"
 
+#include "platform/widgets_gui.h"
+
 #include "shell/configuration.h"
 #include "shell/database_check.h"
 #include "shell/forms_gui.h"
@@ -50,16 +52,10 @@ frmFolderManager::frmFolderManager(QWidget* parent) : QDialog(parent) {
         grid->addWidget(txtName[n], n, 1);
         grid->addWidget(txtPath[n], n, 2);
     }
-    auto* buttons = new QHBoxLayout;
-    layout->addLayout(buttons);
-    buttons->addStretch();
-    cmdOK = new QPushButton(QStringLiteral("OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdOK = Named<QPushButton>(QStringLiteral("cmdOK"), QStringLiteral("OK"), this);
     cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    cmdCancel = Named<QPushButton>(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"), this);
+    AddButtonRow(layout, {cmdOK, cmdCancel});
     connect(cmdOK, &QPushButton::clicked, this, &frmFolderManager::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::close);
     Form_Load();

@@ -1,0 +1,33 @@
+#pragma once
+// Small helpers for building forms: every control carries the name the
+// program's routines and tests know it by.
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QHBoxLayout>
+#include <QString>
+
+#include <initializer_list>
+#include <utility>
+
+namespace quillon {
+
+// A new control of type Widget, made from `args`, with `name` as its objectName.
+template <typename Widget, typename... Args>
+Widget* Named(const QString& name, Args&&... args) {
+    auto* widget = new Widget(std::forward<Args>(args)...);
+    widget->setObjectName(name);
+    return widget;
+}
+
+// Puts `buttons` in a row at the right-hand end of a new line of `layout`.
+inline void AddButtonRow(QBoxLayout* layout, std::initializer_list<QAbstractButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    layout->addLayout(row);
+    row->addStretch();
+    for (QAbstractButton* button : buttons) {
+        row->addWidget(button);
+    }
+}
+
+}  // namespace quillon
