@@ -77,6 +77,20 @@ void bindText(sqlite3_stmt* stmt, int index, const QString& text) {
     sqlite3_bind_text(stmt, index, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
 }
 
+// Seeks `client` in `table` by name, as the program's Seek does; returns the
+// rowid found, or 0.
+sqlite3_int64 rawSeekClient(sqlite3* db, const char* table, const ClientName& client) {
+    const QByteArray sql = QByteArray("SELECT rowid, * FROM \"") + table +
+                           "\" WHERE \"Last Name\" = ? AND \"First Names\" = ?";
+    sqlite3_stmt* seek = rawPrepare(db, sql.constData());
+    bindText(seek, 1, client.last);
+    bindText(seek, 2, client.first);
+    const sqlite3_int64 rowid =
+        sqlite3_step(seek) == SQLITE_ROW ? sqlite3_column_int64(seek, 0) : 0;
+    sqlite3_finalize(seek);
+    return rowid;
+}
+
 void BM_OpenSeekClose(benchmark::State& state) {
     fixture();  // made before the timing starts
     for (auto _ : state) {
@@ -97,12 +111,7 @@ void BM_OpenSeekClose_Raw(benchmark::State& state) {
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         sqlite3* db = rawOpen();
-        sqlite3_stmt* seek = rawPrepare(
-            db, "SELECT rowid, * FROM Clients WHERE \"Last Name\" = ? AND \"First Names\" = ?");
-        bindText(seek, 1, client.last);
-        bindText(seek, 2, client.first);
-        benchmark::DoNotOptimize(sqlite3_step(seek));
-        sqlite3_finalize(seek);
+        benchmark::DoNotOptimize(rawSeekClient(db, "Clients", client));
         sqlite3_close(db);
     }
 }
@@ -125,13 +134,7 @@ void BM_MoveClientRecordNext_Raw(benchmark::State& state) {
     for (auto _ : state) {
         const ClientName& client = fixture().anyClient();
         sqlite3* db = rawOpen();
-        sqlite3_stmt* seek = rawPrepare(
-            db, "SELECT rowid FROM Personal WHERE \"Last Name\" = ? AND \"First Names\" = ?");
-        bindText(seek, 1, client.last);
-        bindText(seek, 2, client.first);
-        sqlite3_step(seek);
-        const sqlite3_int64 rowid = sqlite3_column_int64(seek, 0);
-        sqlite3_finalize(seek);
+        const sqlite3_int64 rowid = rawSeekClient(db, "Personal", client);
         sqlite3_stmt* next = rawPrepare(
             db,
             "SELECT \"First Names\", \"Last Name\" FROM Personal WHERE (\"Last Name\", "
