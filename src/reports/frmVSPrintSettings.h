@@ -23,6 +23,8 @@ class frmVSPrintSettings : public QDialog {
     Q_OBJECT
 
 public:
+    static constexpr const char* kFormName = "frmVSPrintSettings";
+
     explicit frmVSPrintSettings(QWidget* parent = nullptr);
 
     QTabBar* tbsSettings;

@@ -1,5 +1,7 @@
 #include "shell/forms_gui.h"
 
+#include "shell/commands.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QEventLoop>
@@ -39,6 +41,16 @@ void restoreCursorSoon() {
 
 void RegisterForm(const QString& name, FormFactory factory) {
     registry().factories.insert(name, std::move(factory));
+}
+
+void RegisterForms(std::span<const FormRow> forms) {
+    for (const FormRow& form : forms) {
+        RegisterForm(QString::fromLatin1(form.name), form.make);
+    }
+}
+
+QWidget* MainWindow() {
+    return LoadedForm(QStringLiteral("frmQuillon"));
 }
 
 bool IsFormRegistered(const QString& name) {
@@ -86,21 +98,6 @@ bool UnloadForm(const QString& name) {
     return true;
 }
 
-const QStringList& UnloadOrder() {
-    static const QStringList order = {
-        QStringLiteral("frmClients"),       QStringLiteral("frmClientLabels"),
-        QStringLiteral("frmClientLetter"),  QStringLiteral("frmClientMerge"),
-        QStringLiteral("frmPersonal"),      QStringLiteral("frmEmployment"),
-        QStringLiteral("frmBusiness"),      QStringLiteral("frmAssets"),
-        QStringLiteral("frmContributions"), QStringLiteral("frmAdministration"),
-        QStringLiteral("frmUser"),          QStringLiteral("frmDiary"),
-        QStringLiteral("frmOffices"),       QStringLiteral("frmOfficeLabels"),
-        QStringLiteral("frmOfficeLetter"),  QStringLiteral("frmOfficeMerge"),
-        QStringLiteral("frmDividends"),
-    };
-    return order;
-}
-
 bool UnloadAllForms() {
     // A form that is not loaded needs no unloading: making it first to unload it
     // would come to the same.
@@ -135,9 +132,16 @@ void ShowForm(QWidget* form) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QWidget* window = ChildWindow(form);
     const bool wasVisible = window->isVisible();
-    window->setWindowState(window->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
-    form->show();
-    window->show();
+    if (wasVisible) {
+        form->show();
+        window->setWindowState(window->windowState() &
+                               ~(Qt::WindowMinimized | Qt::WindowMaximized));
+    } else {
+        // One step, so that the window is activated once: a screen that takes
+        // the activation back, keeping a bad date, must not meet it twice.
+        window->show();
+        form->show();
+    }
     if (wasVisible) {
         QApplication::restoreOverrideCursor();
     } else {

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <span>
 
 class QMdiArea;
 class QWidget;
@@ -18,6 +19,28 @@ using FormFactory = std::function<QWidget*()>;
 
 // Registers the form `name`; a second registration replaces the first.
 void RegisterForm(const QString& name, FormFactory factory);
+
+// A row of a subsystem's table of forms: its name and how it is made.
+struct FormRow {
+    const char* name;
+    FormFactory make;
+};
+void RegisterForms(std::span<const FormRow> forms);
+
+// The main window, once it is made; dialogs open over it.
+QWidget* MainWindow();
+
+// A form that lives as a child window of the main window, or on its own before
+// the main window is there.
+template <typename Form>
+FormRow ChildForm() {
+    return {Form::kFormName, [] { return new Form; }};
+}
+// A dialog over the main window.
+template <typename Form>
+FormRow DialogForm() {
+    return {Form::kFormName, [] { return new Form(MainWindow()); }};
+}
 bool IsFormRegistered(const QString& name);
 // Forgets the form's factory; a loaded instance stays until it is unloaded.
 void UnregisterForm(const QString& name);
@@ -40,9 +63,8 @@ Form* LoadedForm() {
 // form refuses to close; it then stays loaded.
 bool UnloadForm(const QString& name);
 
-// The forms that go before a change of database, in the order they are unloaded.
-const QStringList& UnloadOrder();
-// Unloads every form of UnloadOrder(); false when one of them refused.
+// Unloads the forms that go before a change of database (UnloadOrder() of
+// commands.h), in turn; false when one of them refused.
 bool UnloadAllForms();
 
 // The area of the main window in which child windows open.

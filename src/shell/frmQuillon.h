@@ -75,16 +75,14 @@ private:
 
     // The commands (frmQuillon_commands.cpp).
     void connectCommands();
-    void onCommand(const char* name, void (frmQuillon::*handler)());
-    void onCommand(const char* name, const std::function<void()>& handler);
     void openSection(const QString& target);
+    void openAtFirstPage(const QString& target);
     void showTarget(const QString& target);
     void cm3Clients_Click();
     void mnuClients_Click();
     void mnuDiv_Click(int year);
     void toggleView(bool& flag, const char* itemName);
     void mnuView_Opening();
-    void setCommandsEnabled(const QStringList& names, bool enabled);
 
     QHash<QString, QAction*> commands_;
     std::array<bool, 17> altFileTicked_{};

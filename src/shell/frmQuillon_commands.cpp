@@ -1,8 +1,11 @@
 // What the main window's commands do, the database check's enabling of them,
 // and the switch between database slots.
+#include "data/client_rows.h"
 #include "data/data_access.h"
 #include "platform/dao.h"
 #include "platform/files.h"
+#include "sections/section_screen_gui.h"
+#include "shell/commands.h"
 #include "shell/configuration.h"
 #include "shell/database_check.h"
 #include "shell/forms_gui.h"
@@ -14,6 +17,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QHash>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -27,112 +31,34 @@ namespace quillon {
 
 namespace {
 
-// The section screens, numbered as ActiveSection counts them.
-const QStringList kSectionScreens = {
-    QStringLiteral("frmPersonal"),      QStringLiteral("frmEmployment"),
-    QStringLiteral("frmBusiness"),      QStringLiteral("frmAssets"),
-    QStringLiteral("frmContributions"), QStringLiteral("frmAdministration"),
-    QStringLiteral("frmUser"),          QStringLiteral("frmDiary"),
-};
-
-const QStringList kCheckedCommands = {
-    QStringLiteral("cm3Administration"), QStringLiteral("cm3Assets"),
-    QStringLiteral("cm3Business"),       QStringLiteral("cm3ClientLabels"),
-    QStringLiteral("cm3ClientLetter"),   QStringLiteral("cm3ClientMerge"),
-    QStringLiteral("cm3Clients"),        QStringLiteral("cm3Contributions"),
-    QStringLiteral("cm3Diary"),          QStringLiteral("cm3Dividends"),
-    QStringLiteral("cm3Employment"),     QStringLiteral("cm3OfficeLabels"),
-    QStringLiteral("cm3OfficeLetter"),   QStringLiteral("cm3OfficeMerge"),
-    QStringLiteral("cm3Offices"),        QStringLiteral("cm3Personal"),
-    QStringLiteral("cm3User"),           QStringLiteral("mnuAdministration"),
-    QStringLiteral("mnuAssets"),         QStringLiteral("mnuBusiness"),
-    QStringLiteral("mnuClients"),        QStringLiteral("mnuCompact"),
-    QStringLiteral("mnuRepair"),         QStringLiteral("mnuBackup"),
-    QStringLiteral("mnuTransfer"),       QStringLiteral("mnuContributions"),
-    QStringLiteral("mnuDiary"),          QStringLiteral("mnuDiv1"),
-    QStringLiteral("mnuDiv2"),           QStringLiteral("mnuDiv3"),
-    QStringLiteral("mnuDiv4"),           QStringLiteral("mnuDividends"),
-    QStringLiteral("mnuEmployment"),     QStringLiteral("mnuLabelsClients"),
-    QStringLiteral("mnuLabelsOffices"),  QStringLiteral("mnuLetterClient"),
-    QStringLiteral("mnuLetterOffice"),   QStringLiteral("mnuMergeClients"),
-    QStringLiteral("mnuMergeOffices"),   QStringLiteral("mnuOffices"),
-    QStringLiteral("mnuPersonal"),       QStringLiteral("mnuUser"),
-};
-
-const QStringList kClientCommands = {
-    QStringLiteral("cm3Administration"), QStringLiteral("cm3Assets"),
-    QStringLiteral("cm3Business"),       QStringLiteral("cm3ClientLabels"),
-    QStringLiteral("cm3ClientLetter"),   QStringLiteral("cm3ClientMerge"),
-    QStringLiteral("cm3Clients"),        QStringLiteral("cm3Contributions"),
-    QStringLiteral("cm3Diary"),          QStringLiteral("cm3Employment"),
-    QStringLiteral("cm3Personal"),       QStringLiteral("cm3User"),
-    QStringLiteral("mnuAdministration"), QStringLiteral("mnuAssets"),
-    QStringLiteral("mnuBusiness"),       QStringLiteral("mnuClients"),
-    QStringLiteral("mnuCompact"),        QStringLiteral("mnuRepair"),
-    QStringLiteral("mnuBackup"),         QStringLiteral("mnuContributions"),
-    QStringLiteral("mnuDiary"),          QStringLiteral("mnuEmployment"),
-    QStringLiteral("mnuLabelsClients"),  QStringLiteral("mnuLetterClient"),
-    QStringLiteral("mnuMergeClients"),   QStringLiteral("mnuPersonal"),
-    QStringLiteral("mnuUser"),
-};
-
-const QStringList kOfficeCommands = {
-    QStringLiteral("cm3OfficeLabels"),  QStringLiteral("cm3OfficeLetter"),
-    QStringLiteral("cm3OfficeMerge"),   QStringLiteral("cm3Offices"),
-    QStringLiteral("mnuLabelsOffices"), QStringLiteral("mnuLetterOffice"),
-    QStringLiteral("mnuMergeOffices"),  QStringLiteral("mnuOffices"),
-};
-
 constexpr int kFirstDividendYear = 2012;
 constexpr int kClientListWidth = 6765;        // twips
 constexpr int kClientListHeightMargin = 900;  // twips
 constexpr int kRefreshInterval = 100;         // ms
 
-// The commands that open a form, with what they do to it.
-struct Target {
-    const char* command;
-    const char* form;
-};
-const Target kSectionTargets[] = {
-    {"cm3Personal", "frmPersonal"},
-    {"mnuPersonal", "frmPersonal"},
-    {"cm3Assets", "frmAssets"},
-    {"mnuAssets", "frmAssets"},
-    {"cm3Contributions", "frmContributions"},
-    {"mnuContributions", "frmContributions"},
-    {"cm3Administration", "frmAdministration"},
-    {"mnuAdministration", "frmAdministration"},
-    {"cm3User", "frmUser"},
-    {"mnuUser", "frmUser"},
-    {"cm3Diary", "frmDiary"},
-    {"mnuDiary", "frmDiary"},
-};
-const Target kShowTargets[] = {
-    {"cm3Offices", "frmOffices"},
-    {"mnuOffices", "frmOffices"},
-    {"cm3Dividends", "frmDividends"},
-    {"cm3ClientLabels", "frmClientLabels"},
-    {"mnuLabelsClients", "frmClientLabels"},
-    {"cm3OfficeLabels", "frmOfficeLabels"},
-    {"mnuLabelsOffices", "frmOfficeLabels"},
-    {"cm3ClientLetter", "frmClientLetter"},
-    {"mnuLetterClient", "frmClientLetter"},
-    {"cm3OfficeLetter", "frmOfficeLetter"},
-    {"mnuLetterOffice", "frmOfficeLetter"},
-    {"cm3ClientMerge", "frmClientMerge"},
-    {"mnuMergeClients", "frmClientMerge"},
-    {"cm3OfficeMerge", "frmOfficeMerge"},
-    {"mnuMergeOffices", "frmOfficeMerge"},
-    {"cm3ClientRecord", "frmClientRecords"},
-    {"mnuPrintClientRecords", "frmClientRecords"},
-};
-const Target kModalTargets[] = {
-    {"cm3Form64_8", "frmForm64_8"},     {"mnuForm64_8", "frmForm64_8"},
-    {"mnuManager", "frmFolderManager"}, {"mnuImport", "frmImportWarning"},
-    {"mnuCompact", "frmCompact"},       {"mnuRepair", "frmRepair"},
-    {"mnuBackup", "frmBackup"},         {"mnuSettingsReports", "frmVSPrintSettings"},
-    {"mnuHelpAbout", "frmAbout"},
-};
+bool Found(Needs needs) {
+    switch (needs) {
+        case Needs::Nothing:
+            return true;
+        case Needs::ClientDatabase:
+            return ClientDatabaseFound;
+        case Needs::OfficeDatabase:
+            return OfficeDatabaseFound;
+        case Needs::AnyDividendDatabase:
+            return DividendDatabaseFound;
+        case Needs::Dividends2012:
+            return Dividend2012Found;
+        case Needs::Dividends2013:
+            return Dividend2013Found;
+        case Needs::Dividends2014:
+            return Dividend2014Found;
+        case Needs::Dividends2015:
+            return Dividend2015Found;
+        case Needs::Never:
+            break;
+    }
+    return false;
+}
 
 void bringToFront(QWidget* form) {
     QWidget* window = ChildWindow(form);
@@ -146,50 +72,43 @@ void bringToFront(QWidget* form) {
 
 }  // namespace
 
-void frmQuillon::onCommand(const char* name, const std::function<void()>& handler) {
-    QAction* command = Command(QString::fromLatin1(name));
-    connect(command, &QAction::triggered, this, [handler] { handler(); });
-}
-
-void frmQuillon::onCommand(const char* name, void (frmQuillon::*handler)()) {
-    connect(Command(QString::fromLatin1(name)), &QAction::triggered, this, handler);
-}
-
 void frmQuillon::connectCommands() {
-    for (const Target& target : kSectionTargets) {
-        onCommand(target.command,
-                  [this, target] { openSection(QString::fromLatin1(target.form)); });
+    const QHash<QString, std::function<void()>> own = {
+        {QStringLiteral("cm3Clients"), [this] { cm3Clients_Click(); }},
+        {QStringLiteral("mnuClients"), [this] { mnuClients_Click(); }},
+        {QStringLiteral("mnuDiv1"), [this] { mnuDiv_Click(kFirstDividendYear); }},
+        {QStringLiteral("mnuDiv2"), [this] { mnuDiv_Click(kFirstDividendYear + 1); }},
+        {QStringLiteral("mnuDiv3"), [this] { mnuDiv_Click(kFirstDividendYear + 2); }},
+        {QStringLiteral("mnuDiv4"), [this] { mnuDiv_Click(kFirstDividendYear + 3); }},
+        {QStringLiteral("mnuToolbar"), [this] { toggleView(ViewToolbar, "mnuToolbar"); }},
+        {QStringLiteral("mnuStatusBar"), [this] { toggleView(ViewStatusBar, "mnuStatusBar"); }},
+        {QStringLiteral("mnuTooltips"), [this] { toggleView(ViewTooltips, "mnuTooltips"); }},
+        {QStringLiteral("mnuExit"), [this] { close(); }},
+        {QStringLiteral("mnuHelpContents"), [] { ShowUserGuide(UserGuidePage::Contents); }},
+        {QStringLiteral("mnuHelpSearch"), [] { ShowUserGuide(UserGuidePage::Search); }},
+    };
+    for (const CommandRow& row : Commands()) {
+        const QString name = QString::fromLatin1(row.command);
+        const QString form = QString::fromLatin1(row.form);
+        std::function<void()> action;
+        switch (row.opening) {
+            case Opening::Section:
+                action = [this, form] { openSection(form); };
+                break;
+            case Opening::Show:
+                action = [this, form] { showTarget(form); };
+                break;
+            case Opening::Modal:
+                action = [form] { ShowModal(form); };
+                break;
+            case Opening::Own:
+                action = own.value(name);
+                break;
+            case Opening::Nothing:
+                continue;
+        }
+        connect(Command(name), &QAction::triggered, this, [action] { action(); });
     }
-    for (const char* name : {"cm3Employment", "mnuEmployment"}) {
-        onCommand(name, [this] {
-            EmploymentPage = 1;
-            openSection(QStringLiteral("frmEmployment"));
-        });
-    }
-    for (const char* name : {"cm3Business", "mnuBusiness"}) {
-        onCommand(name, [this] {
-            BusinessPage = 1;
-            openSection(QStringLiteral("frmBusiness"));
-        });
-    }
-    for (const Target& target : kShowTargets) {
-        onCommand(target.command, [this, target] { showTarget(QString::fromLatin1(target.form)); });
-    }
-    for (const Target& target : kModalTargets) {
-        onCommand(target.command, [target] { ShowModal(QString::fromLatin1(target.form)); });
-    }
-    onCommand("cm3Clients", &frmQuillon::cm3Clients_Click);
-    onCommand("mnuClients", &frmQuillon::mnuClients_Click);
-    for (int i = 0; i < 4; ++i) {
-        onCommand(QStringLiteral("mnuDiv%1").arg(i + 1).toLatin1().constData(),
-                  [this, i] { mnuDiv_Click(kFirstDividendYear + i); });
-    }
-    onCommand("mnuToolbar", [this] { toggleView(ViewToolbar, "mnuToolbar"); });
-    onCommand("mnuStatusBar", [this] { toggleView(ViewStatusBar, "mnuStatusBar"); });
-    onCommand("mnuTooltips", [this] { toggleView(ViewTooltips, "mnuTooltips"); });
-    onCommand("mnuExit", [this] { close(); });
-    onCommand("mnuHelpContents", [] { ShowUserGuide(UserGuidePage::Contents); });
-    onCommand("mnuHelpSearch", [] { ShowUserGuide(UserGuidePage::Search); });
     for (int n = 1; n < static_cast<int>(mnuAltFile.size()); ++n) {
         connect(mnuAltFile[n], &QAction::triggered, this, [this, n] { mnuAltFile_Click(n); });
     }
@@ -197,25 +116,19 @@ void frmQuillon::connectCommands() {
     connect(mnuFile, &QMenu::aboutToShow, this, [] { HideTip(); });
 }
 
-void frmQuillon::setCommandsEnabled(const QStringList& names, bool enabled) {
-    for (const QString& name : names) {
-        Command(name)->setEnabled(enabled);
-    }
-}
-
 void frmQuillon::CheckDatabases() {
-    setCommandsEnabled(kCheckedCommands, false);
+    for (const CommandRow& row : Commands()) {
+        if (row.needs != Needs::Nothing) {
+            Command(QString::fromLatin1(row.command))->setEnabled(false);
+        }
+    }
     Command(QStringLiteral("mnuTransfer"))->setVisible(false);
     FindDatabases();
-    setCommandsEnabled(kClientCommands, ClientDatabaseFound);
-    setCommandsEnabled(kOfficeCommands, OfficeDatabaseFound);
-    const bool yearFound[] = {Dividend2012Found, Dividend2013Found, Dividend2014Found,
-                              Dividend2015Found};
-    for (int i = 0; i < 4; ++i) {
-        Command(QStringLiteral("mnuDiv%1").arg(i + 1))->setEnabled(yearFound[i]);
+    for (const CommandRow& row : Commands()) {
+        if (row.needs != Needs::Nothing) {
+            Command(QString::fromLatin1(row.command))->setEnabled(Found(row.needs));
+        }
     }
-    setCommandsEnabled({QStringLiteral("cm3Dividends"), QStringLiteral("mnuDividends")},
-                       DividendDatabaseFound);
     pnlVersion->setText(ProgramVersion());
 }
 
@@ -239,7 +152,7 @@ void frmQuillon::BuildFileMenu() {
 }
 
 void frmQuillon::openDatabaseOfSlot() {
-    dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+    dao::Database db = OpenClientDatabase();
     dao::Recordset clients = db.OpenRecordset(QStringLiteral("Clients"));
     clients.MoveFirst();
     CurrentFirst = NullToEmpty(clients.Fields(QStringLiteral("First Names")));
@@ -277,7 +190,8 @@ void frmQuillon::mnuAltFile_Click(int index) {
 
 void frmQuillon::openSection(const QString& target) {
     PlaceSection();
-    for (const QString& section : kSectionScreens) {
+    openAtFirstPage(target);
+    for (const QString& section : SectionFormNames()) {
         // Leaving a section saves it; one that can't be left keeps the focus.
         if (section != target && !UnloadForm(section)) {
             return;
@@ -287,6 +201,20 @@ void frmQuillon::openSection(const QString& target) {
     if (QWidget* form = LoadForm(target)) {
         ShowForm(form);
         bringToFront(form);
+    }
+}
+
+// Employment and business open at their first page; one already open turns to
+// it, which saves the page it stood on.
+void frmQuillon::openAtFirstPage(const QString& target) {
+    const SectionRow* section = SectionOfForm(target);
+    if (!section || !section->opensAtFirstPage) {
+        return;
+    }
+    if (auto* open = qobject_cast<SectionScreen*>(LoadedForm(target))) {
+        open->ChangePage(1 - open->Page());
+    } else {
+        *section->page = 1;
     }
 }
 
@@ -344,10 +272,8 @@ void frmQuillon::mnuView_Opening() {
 void frmQuillon::PlaceSection() {
     SectionTop = 0;
     SectionLeft = 0;
-    if (ActiveSection < 1 || ActiveSection > kSectionScreens.size()) {
-        return;
-    }
-    QWidget* open = LoadedForm(kSectionScreens.at(ActiveSection - 1));
+    const SectionRow* active = Section(ActiveSection);
+    QWidget* open = active ? LoadedForm(QString::fromLatin1(active->form)) : nullptr;
     if (!open) {
         return;
     }

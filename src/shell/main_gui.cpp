@@ -1,13 +1,10 @@
 // basMain: the start of the program.
 #include "shell/main_gui.h"
 
-#include "clients/frmClients.h"
-#include "clients/frmDeleteClient.h"
-#include "clients/frmNewClient.h"
-#include "clients/frmRenameClient.h"
+#include "clients/client_forms_gui.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
-#include "reports/frmVSPrintSettings.h"
+#include "reports/report_forms_gui.h"
 #include "sections/section_forms_gui.h"
 #include "shell/environment.h"
 #include "shell/forms_gui.h"
@@ -39,16 +36,12 @@ namespace quillon {
 
 namespace {
 
-template <typename Form>
-void registerForm() {
-    RegisterForm(QString::fromLatin1(Form::kFormName), [] { return new Form; });
-}
-
-// Dialogs open over the main window when it is there.
-template <typename Form>
-void registerDialog() {
-    RegisterForm(QString::fromLatin1(Form::kFormName),
-                 [] { return new Form(LoadedForm(QStringLiteral("frmQuillon"))); });
+std::span<const FormRow> ShellForms() {
+    static const FormRow forms[] = {
+        ChildForm<frmBanner6>(), ChildForm<frmBackupWarning>(), ChildForm<frmQuillon>(),
+        ChildForm<frmTip>(),     DialogForm<frmAbout>(),        DialogForm<frmFolderManager>(),
+    };
+    return forms;
 }
 
 // The lock lives as long as the process: a crashed or killed run leaves a lock
@@ -98,20 +91,9 @@ void noteEnvironment() {
 
 void RegisterProgramForms() {
     initShellResources();
-    registerForm<frmBanner6>();
-    registerForm<frmBackupWarning>();
-    registerForm<frmQuillon>();
-    registerForm<frmTip>();
-    registerDialog<frmAbout>();
-    registerDialog<frmFolderManager>();
-    RegisterSectionForms();
-    // The forms of the other parts of the program, by the names their commands use.
-    registerForm<frmClients>();
-    registerDialog<frmNewClient>();
-    registerDialog<frmRenameClient>();
-    registerDialog<frmDeleteClient>();
-    RegisterForm(QStringLiteral("frmVSPrintSettings"),
-                 [] { return new frmVSPrintSettings(LoadedForm(QStringLiteral("frmQuillon"))); });
+    for (const auto forms : {ShellForms(), ClientForms(), SectionForms(), ReportForms()}) {
+        RegisterForms(forms);
+    }
 }
 
 bool StartProgram() {
