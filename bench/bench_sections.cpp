@@ -41,7 +41,7 @@ void BM_PersonalNext(benchmark::State& state) {
     personal.Form_Activate();
     int step = 0;
     for (auto _ : state) {
-        personal.txtCalled->setText(QStringLiteral("Called %1").arg(++step));
+        personal.Box(QStringLiteral("txtCalled"))->setText(QStringLiteral("Called %1").arg(++step));
         const QString before = CurrentFirst + CurrentLast;
         personal.cm3Next->click();
         if (CurrentFirst + CurrentLast == before) {

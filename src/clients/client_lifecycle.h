@@ -4,6 +4,7 @@
 // to all 22 tables in one transaction. The dialogs hold the tables open for
 // one press of their button and report failures in their own words.
 
+#include "data/client_rows.h"
 #include "platform/dao.h"
 
 #include <QString>
@@ -13,12 +14,6 @@
 #include <vector>
 
 namespace quillon {
-
-struct ClientName {
-    QString first;
-    QString last;
-    bool operator==(const ClientName&) const = default;
-};
 
 // The client tables of one database, open together in the lifecycle order,
 // with a note of whether their transaction is open.

@@ -1,11 +1,13 @@
 #pragma once
 // Small helpers for building forms: every control carries the name the
-// program's routines and tests know it by.
+// program's routines and tests know it by, and long work shows the hourglass.
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QHBoxLayout>
 #include <QString>
+#include <QWidget>
 
 #include <initializer_list>
 #include <utility>
@@ -20,6 +22,12 @@ Widget* Named(const QString& name, Args&&... args) {
     return widget;
 }
 
+// The control of `form` named `name`, or nullptr.
+template <typename Widget>
+Widget* Control(const QWidget* form, const QString& name) {
+    return form->findChild<Widget*>(name);
+}
+
 // Puts `buttons` in a row at the right-hand end of a new line of `layout`.
 inline void AddButtonRow(QBoxLayout* layout, std::initializer_list<QAbstractButton*> buttons) {
     auto* row = new QHBoxLayout;
@@ -29,5 +37,14 @@ inline void AddButtonRow(QBoxLayout* layout, std::initializer_list<QAbstractButt
         row->addWidget(button);
     }
 }
+
+// The hourglass for as long as the object lives.
+class WaitPointer {
+public:
+    WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitPointer() { QApplication::restoreOverrideCursor(); }
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+};
 
 }  // namespace quillon

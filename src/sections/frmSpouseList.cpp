@@ -1,16 +1,15 @@
 #include "sections/frmSpouseList.h"
 
+#include "data/client_rows.h"
 #include "data/data_access.h"
 #include "platform/dao.h"
-#include "platform/files.h"
 #include "platform/services.h"
+#include "platform/widgets_gui.h"
 #include "sections/frmPersonal.h"
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
 
-#include <QApplication>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -31,15 +30,6 @@ QString ListText(const QString& first, const QString& last) {
     return last + kListSeparator + first;
 }
 
-// Hourglass for as long as the object lives.
-class WaitPointer {
-public:
-    WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitPointer() { QApplication::restoreOverrideCursor(); }
-    WaitPointer(const WaitPointer&) = delete;
-    WaitPointer& operator=(const WaitPointer&) = delete;
-};
-
 dao::Recordset ByName(dao::Database& db, const QString& table) {
     dao::Recordset rows = db.OpenRecordset(table, dao::dbOpenTable);
     rows.SetIndex(QStringLiteral("Name"));
@@ -51,35 +41,29 @@ dao::Recordset ByName(dao::Database& db, const QString& table) {
 frmSpouseList::frmSpouseList(QWidget* parent) : QDialog(parent) {
     setObjectName(QString::fromLatin1(kFormName));
     setWindowTitle(QStringLiteral("Select Spouse"));
-    lstClients = new QListWidget(this);
-    lstClients->setObjectName(QStringLiteral("lstClients"));
+    lstClients = Named<QListWidget>(QStringLiteral("lstClients"), this);
     auto* letters = new QGridLayout;
     letters->setSpacing(1);
     for (int i = 0; i < kLetters; ++i) {
         const QString letter(QChar(u'A' + i));
-        cm3Seek[i] = new QPushButton(letter, this);
-        cm3Seek[i]->setObjectName(QStringLiteral("cm3Seek(%1)").arg(i));
+        cm3Seek[i] = Named<QPushButton>(QStringLiteral("cm3Seek(%1)").arg(i), letter, this);
         cm3Seek[i]->setFixedWidth(
             cm3Seek[i]->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 8);
         letters->addWidget(cm3Seek[i], i / kLettersPerRow, i % kLettersPerRow);
         connect(cm3Seek[i], &QPushButton::clicked, this, [this, i] { cm3Seek_Click(i); });
     }
-    cm3OK = new QPushButton(tr("OK"), this);
-    cm3OK->setObjectName(QStringLiteral("cm3OK"));
+    cm3OK = Named<QPushButton>(QStringLiteral("cm3OK"), tr("OK"), this);
     cm3OK->setEnabled(false);
     cm3OK->setDefault(true);
-    cm3Cancel = new QPushButton(tr("Cancel"), this);
-    cm3Cancel->setObjectName(QStringLiteral("cm3Cancel"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cm3OK);
-    buttons->addWidget(cm3Cancel);
+    cm3Cancel = Named<QPushButton>(QStringLiteral("cm3Cancel"), tr("Cancel"), this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(letters);
     layout->addWidget(lstClients, 1);
-    layout->addLayout(buttons);
+    AddButtonRow(layout, {cm3OK, cm3Cancel});
 
-    connect(lstClients, &QListWidget::currentRowChanged, this, &frmSpouseList::lstClients_Click);
+    // Only a click on a name chooses it: the list's current row also moves when
+    // it merely takes the focus, and Enter must not then link the first client.
+    connect(lstClients, &QListWidget::itemClicked, this, &frmSpouseList::lstClients_Click);
     connect(lstClients, &QListWidget::itemDoubleClicked, this, &frmSpouseList::SelectClient);
     connect(cm3OK, &QPushButton::clicked, this, &frmSpouseList::SelectClient);
     connect(cm3Cancel, &QPushButton::clicked, this, &frmSpouseList::reject);
@@ -90,7 +74,7 @@ frmSpouseList::frmSpouseList(QWidget* parent) : QDialog(parent) {
 void frmSpouseList::Form_Load() {
     try {
         WaitPointer wait;
-        dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+        dao::Database db = OpenClientDatabase();
         dao::Recordset clients = ByName(db, QStringLiteral("Clients"));
         const QString current = ListText(CurrentFirst, CurrentLast);
         for (clients.MoveFirst(); !clients.IsEOF(); clients.MoveNext()) {
@@ -113,6 +97,7 @@ void frmSpouseList::cm3Seek_Click(int index) {
         const QString text = lstClients->item(row)->text();
         if (!text.isEmpty() && text.at(0).toUpper() == letter) {
             lstClients->setCurrentRow(row);
+            lstClients_Click();
             return;
         }
     }
@@ -136,7 +121,7 @@ void frmSpouseList::SelectClient() {
 void frmSpouseList::LinkTo(const QString& first, const QString& last) {
     WaitPointer wait;
     try {
-        dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+        dao::Database db = OpenClientDatabase();
         dao::Recordset clients = ByName(db, QStringLiteral("Clients"));
         dao::Recordset personal = ByName(db, QStringLiteral("Personal"));
         clients.Seek(QStringLiteral("="), {last, first});
@@ -152,16 +137,16 @@ void frmSpouseList::LinkTo(const QString& first, const QString& last) {
         }
         auto* screen = LoadedForm<frmPersonal>();
         if (screen) {
-            screen->txtSpouse[0]->setText(first);
-            screen->txtSpouse[1]->setText(last);
-            screen->txtSpouseDOB->setText(birthDate);
+            screen->Box(QStringLiteral("txtSpouse(0)"))->setText(first);
+            screen->Box(QStringLiteral("txtSpouse(1)"))->setText(last);
+            screen->Box(QStringLiteral("txtSpouseDOB"))->setText(birthDate);
         }
         // The client's date of birth as it stands in the box, saved or not.
         personal.Edit();
         personal.Fields(QStringLiteral("Spouse First")).SetValue(CurrentFirst);
         personal.Fields(QStringLiteral("Spouse Last")).SetValue(CurrentLast);
         personal.Fields(QStringLiteral("Spouse DOB"))
-            .SetValue(screen ? screen->txtDOB->text() : QString());
+            .SetValue(screen ? screen->Box(QStringLiteral("txtDOB"))->text() : QString());
         personal.Update();
     } catch (const std::exception& error) {
         ReportError(kSpouseListModule, QStringLiteral("SelectClient"), error);

@@ -5,12 +5,11 @@
 
 #include "sections/section_screen_gui.h"
 
-#include <array>
-
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace quillon {
+
+class CommonTexts;
 
 class frmUser : public SectionScreen {
     Q_OBJECT
@@ -21,20 +20,11 @@ public:
 
     explicit frmUser(QWidget* parent = nullptr);
 
-    // Elements 1 to 8; element 0 is unused.
-    std::array<QLineEdit*, kLines + 1> txtCommon{};
-    std::array<QLineEdit*, kLines + 1> txtLeft{};
-    std::array<QLineEdit*, kLines + 1> txtRight{};
-    QPlainTextEdit* txtNoteLeft = nullptr;
-    QPlainTextEdit* txtNoteRight = nullptr;
     QLineEdit* txtUserFormTitle = nullptr;
 
     void ReadCommon();
     void WriteTitle();
-    void txtCommon_GotFocus(int index);
-    void txtCommon_LostFocus(int index);
     void txtUserFormTitle_Change();
-    void txtUserFormTitle_LostFocus();
 
 protected:
     QString CaptionDetail() const override;
@@ -42,10 +32,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void BuildLines();
-    void WriteCommonText(int index);
-
-    std::array<QString, kLines + 1> commonImage_;
+    CommonTexts* common_ = nullptr;
 };
 
 }  // namespace quillon

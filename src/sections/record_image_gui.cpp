@@ -4,6 +4,7 @@
 #include "data/database_schema.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -37,10 +38,7 @@ void OptionGroup::Select(int index) {
 }
 
 int RecordImage::FieldWidth(const QString& field) const {
-    static const std::vector<dao::TableDef> tables = ClientDatabaseTables();
-    const dao::TableDef* table = FindTable(tables, table_);
-    const dao::FieldDef* def = table ? FindField(*table, field) : nullptr;
-    return def ? def->size : 0;
+    return ClientFieldWidth(table_, field);
 }
 
 void RecordImage::BindText(QLineEdit* box, const QString& field, Shown shown) {
@@ -72,8 +70,18 @@ void RecordImage::BindText(QPlainTextEdit* box, const QString& field) {
                       {}});
 }
 
-void RecordImage::BindOptions(OptionGroup* group, const QString& field) {
-    options_.push_back({field, group, 0});
+void RecordImage::BindText(const QString& field, std::function<QString()> text,
+                           std::function<void(const QString&)> show) {
+    texts_.push_back({field, std::move(text), std::move(show), nullptr, {}});
+}
+
+OptionGroup* RecordImage::BindOptions(std::vector<QAbstractButton*> buttons, const QString& field) {
+    options_.push_back({field, std::make_unique<OptionGroup>(std::move(buttons)), 0});
+    return options_.back().group.get();
+}
+
+void RecordImage::BindFlag(QCheckBox* box, const QString& field) {
+    flags_.push_back({field, box});
 }
 
 void RecordImage::Fill(const dao::Recordset& row) {
@@ -85,6 +93,9 @@ void RecordImage::Fill(const dao::Recordset& row) {
         const int stored = NullToZero(row.Fields(binding.field));
         binding.image = stored >= 1 && stored <= binding.group->Count() ? stored : 0;
         binding.group->Select(binding.image);
+    }
+    for (const FlagBinding& binding : flags_) {
+        binding.box->setChecked(NullToFalse(row.Fields(binding.field)));
     }
 }
 

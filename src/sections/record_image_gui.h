@@ -9,9 +9,11 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class QAbstractButton;
+class QCheckBox;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -43,7 +45,13 @@ public:
 
     void BindText(QLineEdit* box, const QString& field, Shown shown = nullptr);
     void BindText(QPlainTextEdit* box, const QString& field);
-    void BindOptions(OptionGroup* group, const QString& field);
+    // A text kept in some other control, such as a caption that cycles at a click.
+    void BindText(const QString& field, std::function<QString()> text,
+                  std::function<void(const QString&)> show);
+    // Makes the group of `buttons` and binds it; the image keeps it.
+    OptionGroup* BindOptions(std::vector<QAbstractButton*> buttons, const QString& field);
+    // A Boolean field that is shown when read but written elsewhere, at its click.
+    void BindFlag(QCheckBox* box, const QString& field);
 
     // Fills every box and the image from the row `row` stands on.
     void Fill(const dao::Recordset& row);
@@ -60,8 +68,12 @@ private:
     };
     struct OptionBinding {
         QString field;
-        OptionGroup* group;
+        std::unique_ptr<OptionGroup> group;
         int image = 0;
+    };
+    struct FlagBinding {
+        QString field;
+        QCheckBox* box;
     };
 
     int FieldWidth(const QString& field) const;
@@ -69,6 +81,7 @@ private:
     QString table_;
     std::vector<TextBinding> texts_;
     std::vector<OptionBinding> options_;
+    std::vector<FlagBinding> flags_;
 };
 
 }  // namespace quillon

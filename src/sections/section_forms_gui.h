@@ -1,8 +1,12 @@
 #pragma once
-// The section screens in the form registry, by their names.
+// The section screens and their dialogs, as the form registry knows them.
+
+#include "shell/forms_gui.h"
+
+#include <span>
 
 namespace quillon {
 
-void RegisterSectionForms();
+std::span<const FormRow> SectionForms();
 
 }  // namespace quillon

@@ -1,11 +1,7 @@
 #include "sections/section_screen_gui.h"
 
 #include "data/client_data.h"
-#include "data/data_access.h"
-#include "data/validate.h"
-#include "platform/dao.h"
-#include "platform/files.h"
-#include "sections/key_routine_filter_gui.h"
+#include "platform/widgets_gui.h"
 #include "shell/forms_gui.h"
 #include "shell/twips.h"
 #include "shell/variables.h"
@@ -14,27 +10,41 @@
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QSpinBox>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 
-#include <exception>
+#include <cmath>
 
 namespace quillon {
 
 namespace {
 
-constexpr int kScreenWidth = 9480;   // twips
-constexpr int kScreenHeight = 5430;  // twips
+// Every section screen opens at this size, given in twips for the font the
+// screens were first laid out in, whose line is 13 pixels at 96 dpi; a larger
+// font enlarges it in proportion, so that the boxes still fit.
+constexpr int kScreenWidth = 9480;
+constexpr int kScreenHeight = 5430;
+constexpr double kDesignLineHeight = 13.0;
+
+QSize ScreenSize(const QWidget* screen) {
+    const double scale = std::max(1.0, screen->fontMetrics().height() / kDesignLineHeight);
+    return {TwipsToPixels(static_cast<int>(std::lround(kScreenWidth * scale))),
+            TwipsToPixels(static_cast<int>(std::lround(kScreenHeight * scale)))};
+}
 
 QPushButton* MoveButton(const char* name, QStyle::StandardPixmap icon, const QString& tip,
                         QWidget* parent) {
-    auto* button = new QPushButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
+    auto* button = Named<QPushButton>(QString::fromLatin1(name), parent);
     button->setIcon(parent->style()->standardIcon(icon));
     button->setToolTip(tip);
     // A click must not first take the focus out of a box with a bad date: the
@@ -43,36 +53,31 @@ QPushButton* MoveButton(const char* name, QStyle::StandardPixmap icon, const QSt
     return button;
 }
 
-// Hourglass for as long as the object lives.
-class WaitPointer {
-public:
-    WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitPointer() { QApplication::restoreOverrideCursor(); }
-    WaitPointer(const WaitPointer&) = delete;
-    WaitPointer& operator=(const WaitPointer&) = delete;
-};
-
-dao::Database OpenClientDatabase() {
-    return dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
+int Wrapped(int page) {
+    return (page - 1 + kSectionPages) % kSectionPages + 1;
 }
 
 }  // namespace
 
-SectionScreen::SectionScreen(int section, QWidget* parent)
+SectionScreen::SectionScreen(SectionNumber section, QWidget* parent)
     : QWidget(parent),
-      section_(section),
-      name_(SectionFormName(section)),
-      shown_(SectionShownClient(section)),
-      dateGate_(SectionHasDateGate(section)),
-      image_(SectionTableName(section)) {
+      row_(*Section(section)),
+      name_(QString::fromLatin1(row_.form)),
+      image_(SectionTableName(row_, 1)) {
     setObjectName(name_);
     BuildFrame();
 }
 
 void SectionScreen::BuildFrame() {
-    body_ = new QWidget(this);
-    picRecord = new QWidget(this);
-    picRecord->setObjectName(QStringLiteral("picRecord"));
+    body_ = new QWidget;
+    // Should a large font need more room than the screen's size, the boxes
+    // scroll rather than squeeze.
+    auto* scroller = new QScrollArea(this);
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(body_);
+    picRecord = Named<QWidget>(QStringLiteral("picRecord"), this);
     cm3First = MoveButton("cm3First", QStyle::SP_MediaSkipBackward, tr("First"), picRecord);
     cm3Previous =
         MoveButton("cm3Previous", QStyle::SP_MediaSeekBackward, tr("Previous"), picRecord);
@@ -83,14 +88,14 @@ void SectionScreen::BuildFrame() {
     for (QPushButton* button : {cm3First, cm3Previous, cm3Next, cm3Last}) {
         moves->addWidget(button);
     }
-    cm3Help = new QPushButton(tr("Help"), this);
-    cm3Help->setObjectName(QStringLiteral("cm3Help"));
+    cm3Help = Named<QPushButton>(QStringLiteral("cm3Help"), tr("Help"), this);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(picRecord);
     bottom->addStretch(1);
     bottom->addWidget(cm3Help);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(body_, 1);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(scroller, 1);
     layout->addLayout(bottom);
 
     connect(cm3First, &QPushButton::clicked, this, [this] { MoveRecord(QStringLiteral("First")); });
@@ -100,18 +105,17 @@ void SectionScreen::BuildFrame() {
     connect(cm3Last, &QPushButton::clicked, this, [this] { MoveRecord(QStringLiteral("Last")); });
 }
 
-void SectionScreen::AddDateBox(QLineEdit* box, DateTest test) {
-    dateBoxes_.push_back({box, test});
-    InstallKeyRoutine(box, DateKeyFilter);
-    box->installEventFilter(this);
-}
-
-QString SectionScreen::ShownClientName() const {
-    return *shown_.first + QLatin1Char(' ') + *shown_.last;
+QLineEdit* SectionScreen::Box(const QString& name) const {
+    return Control<QLineEdit>(this, name);
 }
 
 QString SectionScreen::Caption() const {
-    return SectionCaption(section_, ShownClientName(), Page(), CaptionDetail());
+    return SectionCaption(row_, Shown().first + QLatin1Char(' ') + Shown().last, Page(),
+                          CaptionDetail());
+}
+
+int SectionScreen::Page() const {
+    return row_.page ? Wrapped(*row_.page) : 1;
 }
 
 void SectionScreen::Form_Activate() {
@@ -119,84 +123,64 @@ void SectionScreen::Form_Activate() {
     Reading = true;
     ReadCRecord();
     Reading = false;
-    try {
-        ReadMore();
-    } catch (const std::exception& error) {
-        ReportError(name_, QStringLiteral("Form_Activate"), error);
-    }
-    ActiveSection = static_cast<qint16>(section_);
+    ReadMore();
+    ActiveSection = row_.number;
     Loading = false;
 }
 
-void SectionScreen::Form_Deactivate() {
-    if (dateGate_ && CheckDates()) {
-        return;
+bool SectionScreen::Form_Deactivate() {
+    if (row_.dateGate && CheckDates()) {
+        return false;
     }
     WriteCRecord();
+    return true;
 }
 
 void SectionScreen::Form_Resize() {
     // A bad date is caught before the window can hide; nothing is saved here.
-    if (dateGate_) {
+    if (row_.dateGate) {
         CheckDates();
     }
 }
 
 void SectionScreen::ReadCRecord() {
-    *shown_.first = CurrentFirst;
-    *shown_.last = CurrentLast;
-    try {
-        dao::Database db = OpenClientDatabase();
-        dao::Recordset row = db.OpenRecordset(TableName(), dao::dbOpenTable);
-        if (SeekClientRecord(row, *shown_.first, *shown_.last)) {
-            image_.Fill(row);
-            setWindowTitle(Caption());
-        }
-        row.Close();
-        db.Close();
-    } catch (const std::exception& error) {
-        ReportError(name_, QStringLiteral("ReadCRecord"), error);
-    }
+    *row_.shownFirst = CurrentFirst;
+    *row_.shownLast = CurrentLast;
+    ReadClientRow(RoutineOf(QStringLiteral("ReadCRecord")), TableName(), Shown(),
+                  [this](const dao::Recordset& row) {
+                      image_.Fill(row);
+                      setWindowTitle(Caption());
+                  });
 }
 
 void SectionScreen::WriteCRecord() {
     if (Loading) {
         return;
     }
-    try {
-        dao::Database db = OpenClientDatabase();
-        dao::Recordset row = db.OpenRecordset(TableName(), dao::dbOpenTable);
-        if (SeekClientRecord(row, *shown_.first, *shown_.last)) {
-            // Edit and Update even when nothing differs: the row is touched as
-            // every save always has.
-            row.Edit();
-            image_.AssignChanged(row);
-            row.Update();
-        }
-        row.Close();
-        db.Close();
-    } catch (const std::exception& error) {
-        ReportError(name_, QStringLiteral("WriteCRecord"), error);
-    }
+    // Edit and Update even when nothing differs: the row is touched as every
+    // save always has.
+    ChangeClientRow(RoutineOf(QStringLiteral("WriteCRecord")), TableName(), Shown(),
+                    [this](dao::Recordset& row) { image_.AssignChanged(row); });
 }
 
 bool SectionScreen::CheckDates() {
-    for (const DateBox& date : dateBoxes_) {
-        if (!date.test(date.box->text())) {
-            RejectDate(date.box);
+    for (const Check& check : checks_) {
+        if (!check.valid()) {
+            RejectDate(check.focusBox);
             return true;
         }
     }
     return false;
 }
 
-void SectionScreen::TellBadDate(QLineEdit* /*box*/) {
-    InvalidDate();
-}
-
 void SectionScreen::RejectDate(QLineEdit* box) {
     const QScopedValueRollback<bool> rejecting(rejecting_, true);
-    TellBadDate(box);
+    for (const Check& check : checks_) {
+        if (check.focusBox == box && !check.valid()) {
+            check.tell();
+            break;
+        }
+    }
     // This may run because another section was asked for: that one must go,
     // since it is this screen's refused save that stopped the switch.
     for (const QString& name : SectionFormNames()) {
@@ -207,6 +191,10 @@ void SectionScreen::RejectDate(QLineEdit* box) {
     QCoreApplication::processEvents();
     BringBack();
     box->setFocus();
+    // Until the events of this attempt have run, whatever it still activates
+    // is taken back without a word.
+    rejectedBox_ = box;
+    QTimer::singleShot(0, this, [this] { rejectedBox_ = nullptr; });
 }
 
 void SectionScreen::BringBack() {
@@ -221,7 +209,7 @@ void SectionScreen::BringBack() {
 }
 
 void SectionScreen::MoveRecord(const QString& direction) {
-    if (dateGate_ && CheckDates()) {
+    if (row_.dateGate && CheckDates()) {
         return;
     }
     WriteCRecord();
@@ -229,8 +217,34 @@ void SectionScreen::MoveRecord(const QString& direction) {
     ReadCRecord();
 }
 
+void SectionScreen::ChangePage(int step) {
+    if (!row_.page) {
+        return;
+    }
+    WaitPointer wait;
+    WriteCRecord();
+    PageLeaving();
+    *row_.page = static_cast<quint8>(Wrapped(Page() + step));
+    Reading = true;
+    ReadCRecord();
+    Reading = false;
+    PageEntered();
+    ShowPage();
+}
+
+void SectionScreen::ShowPage() {
+    if (pageLabel_) {
+        pageLabel_->setText(QStringLiteral("PAGE ") + QString::number(Page()));
+    }
+    if (pageSpin_) {
+        const QSignalBlocker quiet(pageSpin_);
+        pageSpin_->setValue(Page());
+    }
+    setWindowTitle(Caption());
+}
+
 bool SectionScreen::Form_Unload() {
-    if (dateGate_ && CheckDates()) {
+    if (row_.dateGate && CheckDates()) {
         return true;
     }
     WriteCRecord();
@@ -244,20 +258,23 @@ void SectionScreen::closeEvent(QCloseEvent* event) {
 
 void SectionScreen::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    ShowPage();
     AttachToChildWindow();
 }
 
-// All section screens open at the place of the one open before.
+// All section screens open at one size, at the place of the one open before.
 void SectionScreen::AttachToChildWindow() {
     auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
     if (!frame || frame == frame_ || !frame->mdiArea()) {
         return;
     }
     frame_ = frame;
-    frame->setGeometry(TwipsToPixels(SectionLeft), TwipsToPixels(SectionTop),
-                       TwipsToPixels(kScreenWidth), TwipsToPixels(kScreenHeight));
-    // Never so small that the screen's own boxes are squeezed out of sight.
-    frame->resize(frame->size().expandedTo(frame->sizeHint()));
+    // A click on the frame or on a label is not the user leaving a box, and
+    // the focus that the frame takes for itself goes back to the box.
+    frame->setFocusPolicy(Qt::NoFocus);
+    frame->installEventFilter(this);
+    frame->setGeometry(
+        QRect(QPoint(TwipsToPixels(SectionLeft), TwipsToPixels(SectionTop)), ScreenSize(this)));
     connect(frame->mdiArea(), &QMdiArea::subWindowActivated, this,
             &SectionScreen::SubWindowActivated);
     connect(frame, &QMdiSubWindow::windowStateChanged, this,
@@ -274,6 +291,14 @@ void SectionScreen::SubWindowActivated(QMdiSubWindow* window) {
         return;
     }
     const bool nowActive = window == frame_;
+    if (!nowActive && rejectedBox_) {
+        // The child area goes on with the activation that a bad date has just
+        // refused: the same attempt, told once already.
+        const QScopedValueRollback<bool> rejecting(rejecting_, true);
+        BringBack();
+        rejectedBox_->setFocus();
+        return;
+    }
     if (nowActive == active_) {
         return;
     }
@@ -294,27 +319,42 @@ void SectionScreen::ChildWindowStateChanged(Qt::WindowStates oldState, Qt::Windo
     }
 }
 
-bool SectionScreen::FocusMovedByUser(const QEvent* event) {
-    // A message box, a menu or another program taking the focus for a while is
-    // not the user leaving the box.
+bool FocusMovedByUser(const QEvent* event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
            reason != Qt::MenuBarFocusReason;
 }
 
-bool SectionScreen::LostFocusIsChecked(const QEvent* event) const {
-    return event->type() == QEvent::FocusOut && !rejecting_ && !unloaded_ &&
-           FocusMovedByUser(event);
+// A box is left when the focus goes to another control of this screen. Leaving
+// the screen altogether is its deactivation or unload, which check for
+// themselves.
+bool SectionScreen::LeftForAnotherBox(const QEvent* event) const {
+    if (event->type() != QEvent::FocusOut || rejecting_ || unloaded_ || !FocusMovedByUser(event)) {
+        return false;
+    }
+    const QWidget* next = QApplication::focusWidget();
+    return next && next != this && isAncestorOf(next);
+}
+
+void SectionScreen::BoxLeft(QObject* box) {
+    for (const auto& [watched, check] : checkedOnLeaving_) {
+        if (watched != box) {
+            continue;
+        }
+        if (check < 0) {
+            CheckDates();
+        } else if (!checks_[check].valid()) {
+            RejectDate(checks_[check].focusBox);
+        }
+        return;
+    }
 }
 
 bool SectionScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (LostFocusIsChecked(event)) {
-        for (const DateBox& date : dateBoxes_) {
-            if (date.box == watched && !date.test(date.box->text())) {
-                RejectDate(date.box);
-                break;
-            }
-        }
+    if (watched == frame_ && event->type() == QEvent::FocusIn && focusWidget()) {
+        focusWidget()->setFocus();
+    } else if (LeftForAnotherBox(event)) {
+        BoxLeft(watched);
     }
     return QWidget::eventFilter(watched, event);
 }

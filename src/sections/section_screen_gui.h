@@ -5,24 +5,38 @@
 // is no Save button. Only a bad date stops a save, and then the user stays in
 // the bad box until it is mended or emptied.
 //
-// A screen adds its own boxes to Body(), binds them to fields through Image(),
-// names its date boxes with AddDateBox() in the order they are checked, and
+// A screen is described by its row of the sections table (sections.h) and by
+// tables of its boxes (field_table.h): it builds its boxes from those tables
+// with FieldGroup, FieldGrid and OptionGroupBox, places them in Body(), and
 // overrides the few hooks below where it differs.
 
+#include "data/client_rows.h"
+#include "sections/field_table.h"
 #include "sections/record_image_gui.h"
 #include "sections/sections.h"
 
+#include <QLineEdit>
+#include <QPointer>
 #include <QString>
-#include <QStringList>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
+#include <span>
 #include <vector>
 
-class QLineEdit;
+class QCheckBox;
+class QGroupBox;
+class QLabel;
 class QMdiSubWindow;
 class QPushButton;
+class QSpinBox;
 
 namespace quillon {
+
+// Whether a FocusIn or FocusOut is the user's own move between controls, and
+// not a message box, a menu or another program taking the focus for a while.
+bool FocusMovedByUser(const QEvent* event);
 
 class SectionScreen : public QWidget {
     Q_OBJECT
@@ -31,8 +45,8 @@ public:
     // True from loading until the end of the first activation: a screen that
     // has read nothing must never write its empty boxes over a row.
     bool Loading = true;
-    // True while an activation reads the row, so that check boxes which write
-    // at once can tell a read from a click.
+    // True while a read fills the boxes, so that check boxes which write at
+    // once can tell a read from a click.
     bool Reading = false;
 
     QWidget* picRecord = nullptr;
@@ -43,13 +57,14 @@ public:
     QPushButton* cm3Help = nullptr;
 
     void Form_Activate();
-    void Form_Deactivate();
+    // False when a bad date refuses the save and takes the screen back.
+    bool Form_Deactivate();
     void Form_Resize();
     // True when the unload is cancelled: a bad date keeps the screen open.
     bool Form_Unload();
     void ReadCRecord();
     void WriteCRecord();
-    // True when a date box holds a bad date; that box has then been rejected.
+    // True when a box fails its check; that box has then been rejected.
     bool CheckDates();
     // RejectDate(box): tells the user, keeps this screen the one shown, and puts
     // the focus back in `box`.
@@ -58,59 +73,91 @@ public:
     // ("First", "Previous", "Next", "Last") and reads the new one.
     void MoveRecord(const QString& direction);
 
+    // The page of a paged screen, 1 to 4; 1 for the others.
+    int Page() const;
+    // A page spin button: saves, turns to the page before (-1) or after (+1),
+    // 4 following 1 and 1 following 4, and reads it.
+    void ChangePage(int step);
+
+    // The box named `name` ("txtDOB", "txtAddress(1)"), or nullptr.
+    QLineEdit* Box(const QString& name) const;
+
 protected:
-    using DateTest = bool (*)(const QString&);
+    SectionScreen(SectionNumber section, QWidget* parent);
 
-    // `section` is the screen's number, a SectionNumber.
-    SectionScreen(int section, QWidget* parent);
-
+    const SectionRow& Row() const { return row_; }
     QWidget* Body() const { return body_; }
     RecordImage& Image() { return image_; }
     // The table shown, which is also the move key.
-    QString TableName() const { return SectionTableName(section_, Page()); }
-    // A date box, checked after those added before it and when the focus leaves it.
-    void AddDateBox(QLineEdit* box, DateTest test);
-    // The shown client as a caption starts: first names, a blank, last name.
-    QString ShownClientName() const;
-
+    QString TableName() const { return SectionTableName(row_, Page()); }
+    ClientName Shown() const { return {*row_.shownFirst, *row_.shownLast}; }
+    // A routine of this screen, for the failure report.
+    Routine RoutineOf(const QString& procedure) const { return {name_, procedure}; }
     QString Caption() const;
-    // The page of a paged screen.
-    virtual int Page() const { return 1; }
+
+    // Building from tables. Each makes its boxes as children of the group it
+    // returns, binds them to their fields and lists its checked boxes, in the
+    // order of the rows; the screen places the groups.
+    QGroupBox* FieldGroup(const QString& title, std::span<const FieldRow> rows);
+    QWidget* FieldGrid(std::span<const GridColumn> columns, int first, int last);
+    QGroupBox* OptionGroupBox(const OptionField& options);
+    // A check box of a Boolean field that is read with the row but written at
+    // once at its click, reported as `procedure`.
+    QCheckBox* FlagBox(const char* control, const char* caption, const char* field,
+                       const char* procedure);
+    // The spin button and the "PAGE n" label of a paged screen.
+    QWidget* PageControls(const char* spin, const char* label);
+    // Lays the groups out in columns, left to right, each top to bottom.
+    void Arrange(std::initializer_list<std::initializer_list<QWidget*>> columns);
+
+    // A check of its own, after the date boxes: `valid` tells whether it
+    // passes, `tell` beeps and shows its message, and the focus goes back to
+    // `focusBox`. Leaving any of `leaving` runs all the checks.
+    void AddCheck(QLineEdit* focusBox, std::function<bool()> valid, std::function<void()> tell,
+                  std::vector<QLineEdit*> leaving);
+
     // The part of the caption that a screen fills in itself.
     virtual QString CaptionDetail() const { return QString(); }
     // Reads beyond the row, after ReadCRecord at activation.
     virtual void ReadMore() {}
-    // The beep and message for a bad date in `box`.
-    virtual void TellBadDate(QLineEdit* box);
-
-    // Whether a FocusIn or FocusOut is the user's own move between controls.
-    static bool FocusMovedByUser(const QEvent* event);
+    // Around a page change: before the page left is saved, and after the new
+    // page is read.
+    virtual void PageLeaving() {}
+    virtual void PageEntered() {}
 
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct DateBox {
-        QLineEdit* box;
-        DateTest test;
+    struct Check {
+        QLineEdit* focusBox;
+        std::function<bool()> valid;
+        std::function<void()> tell;
     };
 
     void BuildFrame();
+    QWidget* MakeBox(const QString& name, const QString& field, FieldRule rule, QWidget* parent);
+    void AddDateBox(QLineEdit* box, FieldRule rule);
+    void ShowPage();
     void AttachToChildWindow();
     void SubWindowActivated(QMdiSubWindow* window);
     void ChildWindowStateChanged(Qt::WindowStates oldState, Qt::WindowStates newState);
     void BringBack();
-    bool LostFocusIsChecked(const QEvent* event) const;
+    bool LeftForAnotherBox(const QEvent* event) const;
+    void BoxLeft(QObject* box);
 
-    int section_;
+    const SectionRow& row_;
     QString name_;
-    ShownClient shown_;
-    bool dateGate_;
     RecordImage image_;
     QWidget* body_ = nullptr;
-    std::vector<DateBox> dateBoxes_;
+    std::vector<Check> checks_;
+    // Boxes whose leaving runs a check: the date box itself, or all checks.
+    std::vector<std::pair<QLineEdit*, int>> checkedOnLeaving_;  // -1: all
+    QSpinBox* pageSpin_ = nullptr;
+    QLabel* pageLabel_ = nullptr;
     QMdiSubWindow* frame_ = nullptr;
+    QPointer<QLineEdit> rejectedBox_;
     bool active_ = false;
     bool rejecting_ = false;
     bool unloaded_ = false;

@@ -1,94 +1,69 @@
 #include "sections/sections.h"
 
-#include "shell/variables.h"
+#include "sections/section_state.h"
+
+#include <iterator>
 
 namespace quillon {
 
+namespace {
+
+const SectionRow kSections[] = {
+    {kPersonalSection, "frmPersonal", "Personal", " (Personal)", true, &PersonalFirst,
+     &PersonalLast, nullptr, false},
+    {kEmploymentSection, "frmEmployment", "Employment %1", " (Employment {page})", true,
+     &EmploymentFirst, &EmploymentLast, &EmploymentPage, true},
+    {kBusinessSection, "frmBusiness", "Business %1", " (Business {page})", true, &BusinessFirst,
+     &BusinessLast, &BusinessPage, true},
+    {kAssetsSection, "frmAssets", "Assets", " (Assets)", true, &AssetsFirst, &AssetsLast, nullptr,
+     false},
+    {kContributionsSection, "frmContributions", "Contributions", " (Pension Contributions)", true,
+     &ContributionsFirst, &ContributionsLast, nullptr, false},
+    {kAdministrationSection, "frmAdministration", "Administration", " (Administration)", false,
+     &AdministrationFirst, &AdministrationLast, nullptr, false},
+    {kUserSection, "frmUser", "User", " ({detail})", false, &UserFirst, &UserLast, nullptr, false},
+    {kDiarySection, "frmDiary", "Diary %1", " ({detail} Diary)", false, &DiaryFirst, &DiaryLast,
+     &DiaryPage, false},
+};
+static_assert(std::size(kSections) == kSectionCount);
+
+}  // namespace
+
+const SectionRow* Section(int number) {
+    return number >= 1 && number <= kSectionCount ? &kSections[number - 1] : nullptr;
+}
+
+const SectionRow* SectionOfForm(const QString& name) {
+    for (const SectionRow& row : kSections) {
+        if (name == QLatin1String(row.form)) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
 const QStringList& SectionFormNames() {
-    static const QStringList names = {
-        QStringLiteral("frmPersonal"),      QStringLiteral("frmEmployment"),
-        QStringLiteral("frmBusiness"),      QStringLiteral("frmAssets"),
-        QStringLiteral("frmContributions"), QStringLiteral("frmAdministration"),
-        QStringLiteral("frmUser"),          QStringLiteral("frmDiary"),
-    };
+    static const QStringList names = [] {
+        QStringList list;
+        for (const SectionRow& row : kSections) {
+            list << QString::fromLatin1(row.form);
+        }
+        return list;
+    }();
     return names;
 }
 
-QString SectionFormName(int section) {
-    return SectionFormNames().value(section - 1);
+QString SectionTableName(const SectionRow& section, int page) {
+    const QString table = QString::fromLatin1(section.table);
+    return section.page ? table.arg(page) : table;
 }
 
-QString SectionTableName(int section, int page) {
-    switch (section) {
-        case kPersonalSection:
-            return QStringLiteral("Personal");
-        case kEmploymentSection:
-            return QStringLiteral("Employment %1").arg(page);
-        case kBusinessSection:
-            return QStringLiteral("Business %1").arg(page);
-        case kAssetsSection:
-            return QStringLiteral("Assets");
-        case kContributionsSection:
-            return QStringLiteral("Contributions");
-        case kAdministrationSection:
-            return QStringLiteral("Administration");
-        case kUserSection:
-            return QStringLiteral("User");
-        case kDiarySection:
-            return QStringLiteral("Diary %1").arg(page);
-        default:
-            return QString();
-    }
-}
-
-QString SectionCaption(int section, const QString& client, int page, const QString& detail) {
-    switch (section) {
-        case kPersonalSection:
-            return client + QStringLiteral(" (Personal)");
-        case kEmploymentSection:
-            return client + QStringLiteral(" (Employment ") + QString::number(page) +
-                   QLatin1Char(')');
-        case kBusinessSection:
-            return client + QStringLiteral(" (Business ") + QString::number(page) +
-                   QLatin1Char(')');
-        case kAssetsSection:
-            return client + QStringLiteral(" (Assets)");
-        case kContributionsSection:
-            return client + QStringLiteral(" (Pension Contributions)");
-        case kAdministrationSection:
-            return client + QStringLiteral(" (Administration)");
-        case kUserSection:
-            return client + QStringLiteral(" (") + detail + QLatin1Char(')');
-        case kDiarySection:
-            return client + QStringLiteral(" (") + detail + QStringLiteral(" Diary)");
-        default:
-            return client;
-    }
-}
-
-bool SectionHasDateGate(int section) {
-    return section != kAdministrationSection && section != kUserSection;
-}
-
-ShownClient SectionShownClient(int section) {
-    switch (section) {
-        case kPersonalSection:
-            return {&PersonalFirst, &PersonalLast};
-        case kEmploymentSection:
-            return {&EmploymentFirst, &EmploymentLast};
-        case kBusinessSection:
-            return {&BusinessFirst, &BusinessLast};
-        case kAssetsSection:
-            return {&AssetsFirst, &AssetsLast};
-        case kContributionsSection:
-            return {&ContributionsFirst, &ContributionsLast};
-        case kAdministrationSection:
-            return {&AdministrationFirst, &AdministrationLast};
-        case kUserSection:
-            return {&UserFirst, &UserLast};
-        default:
-            return {&DiaryFirst, &DiaryLast};
-    }
+QString SectionCaption(const SectionRow& section, const QString& client, int page,
+                       const QString& detail) {
+    QString caption = QString::fromLatin1(section.caption);
+    caption.replace(QLatin1String("{page}"), QString::number(page));
+    caption.replace(QLatin1String("{detail}"), detail);
+    return client + caption;
 }
 
 }  // namespace quillon

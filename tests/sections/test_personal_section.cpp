@@ -2,6 +2,7 @@
 // the two option groups, which date rule and message goes with which box, and
 // linking a spouse, which writes the partner's row at once.
 #include "platform/dao.h"
+#include "platform/widgets_gui.h"
 #include "sections/frmPersonal.h"
 #include "sections/frmSpouseList.h"
 #include "shell/forms_gui.h"
@@ -29,6 +30,10 @@ namespace {
 const QString kLongDateMessage =
     QStringLiteral("Invalid date - you must enter dates in the format dd/mm/yyyy");
 
+QRadioButton* Option(QWidget* form, const QString& name) {
+    return Control<QRadioButton>(form, name);
+}
+
 QVariant PersonalField(const ClientName& client, const QString& field) {
     return FieldOf(kPersonal, client, field);
 }
@@ -47,6 +52,11 @@ void WithSpouseList(frmPersonal* personal, const std::function<void(frmSpouseLis
     });
     personal->cm3Spouse->click();
     QVERIFY(reached);
+}
+
+void ClickEntry(QListWidget* list, int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(row)).center());
 }
 
 QStringList ListEntries(const QListWidget* list) {
@@ -75,9 +85,9 @@ private Q_SLOTS:
                    {QStringLiteral("Spouse DOB"), QStringLiteral("01/02/05")},
                    {QStringLiteral("Child 1 DOB"), QStringLiteral("3/4/05")}});
         frmPersonal* personal = OpenPersonal();
-        QCOMPARE(personal->txtDOB->text(), u"03/04/1958"_qs);
-        QCOMPARE(personal->txtSpouseDOB->text(), u"01/02/1905"_qs);
-        QCOMPARE(personal->txtChildDOB[0]->text(), u"3/4/05"_qs);
+        QCOMPARE(personal->Box(u"txtDOB"_qs)->text(), u"03/04/1958"_qs);
+        QCOMPARE(personal->Box(u"txtSpouseDOB"_qs)->text(), u"01/02/1905"_qs);
+        QCOMPARE(personal->Box(u"txtChildDOB(0)"_qs)->text(), u"3/4/05"_qs);
         QVERIFY(UnloadForm(QStringLiteral("frmPersonal")));
         QCOMPARE(PersonalField(kAda, QStringLiteral("Date of Birth")).toString(), u"03/04/1958"_qs);
         QCOMPARE(PersonalField(kAda, QStringLiteral("Spouse DOB")).toString(), u"01/02/1905"_qs);
@@ -95,13 +105,14 @@ private Q_SLOTS:
                    {QStringLiteral("Indicator 2"), true}});
         SetFields(kPersonal, kBert, {{QStringLiteral("Marital Status"), 5}});
         frmPersonal* personal = OpenPersonal();
-        QVERIFY(personal->op3Sex[2]->isChecked());
-        QVERIFY(!personal->op3Sex[1]->isChecked());
+        QVERIFY(Option(personal, u"op3Sex(2)"_qs)->isChecked());
+        QVERIFY(!Option(personal, u"op3Sex(1)"_qs)->isChecked());
         for (int i = 1; i <= 5; ++i) {
-            QVERIFY(!personal->op3Marital[i]->isChecked());
+            QVERIFY(!Option(personal, QStringLiteral("op3Marital(%1)").arg(i))->isChecked());
         }
-        personal->cmdClearSex->click();
-        QVERIFY(!personal->op3Sex[1]->isChecked() && !personal->op3Sex[2]->isChecked());
+        Control<QPushButton>(personal, u"cmdClearSex"_qs)->click();
+        QVERIFY(!Option(personal, u"op3Sex(1)"_qs)->isChecked() &&
+                !Option(personal, u"op3Sex(2)"_qs)->isChecked());
         personal->cm3Next->click();
         QCOMPARE(PersonalField(kAda, QStringLiteral("Sex")).toInt(), 0);
         // An out-of-range status reads as none; left alone it is not rewritten.
@@ -110,14 +121,14 @@ private Q_SLOTS:
         QCOMPARE(PersonalField(kAda, QStringLiteral("Blind")).toBool(), true);
         QCOMPARE(PersonalField(kAda, QStringLiteral("Indicator 2")).toBool(), true);
 
-        QVERIFY(personal->op3Marital[5]->isChecked());
-        personal->op3Marital[3]->click();
-        QVERIFY(!personal->op3Marital[5]->isChecked());
-        personal->op3Sex[1]->click();
+        QVERIFY(Option(personal, u"op3Marital(5)"_qs)->isChecked());
+        Option(personal, u"op3Marital(3)"_qs)->click();
+        QVERIFY(!Option(personal, u"op3Marital(5)"_qs)->isChecked());
+        Option(personal, u"op3Sex(1)"_qs)->click();
         personal->cm3Previous->click();
         QCOMPARE(PersonalField(kBert, QStringLiteral("Marital Status")).toInt(), 3);
         QCOMPARE(PersonalField(kBert, QStringLiteral("Sex")).toInt(), 1);
-        personal->cmdClearMarital->click();
+        Control<QPushButton>(personal, u"cmdClearMarital"_qs)->click();
         QCOMPARE(services.messages.Count(), 0);
     }
 
@@ -169,28 +180,28 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda});
         frmPersonal* personal = OpenPersonal();
-        personal->txtChildDOB[0]->setText(QStringLiteral("1/1/1"));
-        personal->txtSpouseDOB->setText(QStringLiteral("1/1/1"));
+        personal->Box(u"txtChildDOB(0)"_qs)->setText(QStringLiteral("1/1/1"));
+        personal->Box(u"txtSpouseDOB"_qs)->setText(QStringLiteral("1/1/1"));
         services.messages.Answer(vbOK);
         QVERIFY(personal->CheckDates());
         QCOMPARE(services.messages.Count(), 1);
         QCOMPARE(services.messages.Last().prompt, kLongDateMessage);
-        QVERIFY(personal->txtSpouseDOB->hasFocus());
-        personal->txtSpouseDOB->clear();
-        personal->txtChildDOB[0]->clear();
+        QVERIFY(personal->Box(u"txtSpouseDOB"_qs)->hasFocus());
+        personal->Box(u"txtSpouseDOB"_qs)->clear();
+        personal->Box(u"txtChildDOB(0)"_qs)->clear();
     }
 
     void dateBoxesTakeOnlyDateKeys() {
         ScriptedServices services;
         SectionWorld world({kAda});
         frmPersonal* personal = OpenPersonal();
-        Focus(personal->txtDOB);
-        QTest::keyClicks(personal->txtDOB, QStringLiteral("12.03.x1985"));
-        QCOMPARE(personal->txtDOB->text(), u"12/03/1985"_qs);
+        Focus(personal->Box(u"txtDOB"_qs));
+        QTest::keyClicks(personal->Box(u"txtDOB"_qs), QStringLiteral("12.03.x1985"));
+        QCOMPARE(personal->Box(u"txtDOB"_qs)->text(), u"12/03/1985"_qs);
         QCOMPARE(services.messages.Beeps(), 1);
-        QTest::keyClick(personal->txtDOB, Qt::Key_Backspace);
-        QCOMPARE(personal->txtDOB->text(), u"12/03/198"_qs);
-        personal->txtDOB->clear();
+        QTest::keyClick(personal->Box(u"txtDOB"_qs), Qt::Key_Backspace);
+        QCOMPARE(personal->Box(u"txtDOB"_qs)->text(), u"12/03/198"_qs);
+        personal->Box(u"txtDOB"_qs)->clear();
     }
 
     void linkingASpouseFillsTheBoxesAndWritesThePartner() {
@@ -200,7 +211,7 @@ private Q_SLOTS:
         CurrentLast = kAda.last;
         SetFields(kPersonal, kBert, {{QStringLiteral("Date of Birth"), QStringLiteral("3/4/58")}});
         frmPersonal* personal = OpenPersonal();
-        personal->txtDOB->setText(QStringLiteral("01/01/1960"));  // not saved yet
+        personal->Box(u"txtDOB"_qs)->setText(QStringLiteral("01/01/1960"));  // not saved yet
         WithSpouseList(personal, [](frmSpouseList* list) {
             QCOMPARE(list->windowTitle(), u"Select Spouse"_qs);
             QCOMPARE(ListEntries(list->lstClients), QStringList({"Mason, Bert", "Nash, Cora"}));
@@ -210,9 +221,9 @@ private Q_SLOTS:
             QVERIFY(list->cm3OK->isEnabled());
             list->cm3OK->click();
         });
-        QCOMPARE(personal->txtSpouse[0]->text(), kBert.first);
-        QCOMPARE(personal->txtSpouse[1]->text(), kBert.last);
-        QCOMPARE(personal->txtSpouseDOB->text(), u"3/4/58"_qs);
+        QCOMPARE(personal->Box(u"txtSpouse(0)"_qs)->text(), kBert.first);
+        QCOMPARE(personal->Box(u"txtSpouse(1)"_qs)->text(), kBert.last);
+        QCOMPARE(personal->Box(u"txtSpouseDOB"_qs)->text(), u"3/4/58"_qs);
         QCOMPARE(PersonalField(kBert, QStringLiteral("Spouse First")).toString(), kAda.first);
         QCOMPARE(PersonalField(kBert, QStringLiteral("Spouse Last")).toString(), kAda.last);
         QCOMPARE(PersonalField(kBert, QStringLiteral("Spouse DOB")).toString(), u"01/01/1960"_qs);
@@ -228,15 +239,15 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda, kCora});
         frmPersonal* personal = OpenPersonal();
-        personal->txtSpouseDOB->setText(QStringLiteral("02/02/1962"));
+        personal->Box(u"txtSpouseDOB"_qs)->setText(QStringLiteral("02/02/1962"));
         WithSpouseList(personal, [](frmSpouseList* list) {
             QListWidget* clients = list->lstClients;
-            const QPoint onFirst = clients->visualItemRect(clients->item(0)).center();
-            QTest::mouseClick(clients->viewport(), Qt::LeftButton, {}, onFirst);
-            QTest::mouseDClick(clients->viewport(), Qt::LeftButton, {}, onFirst);
+            ClickEntry(clients, 0);
+            QTest::mouseDClick(clients->viewport(), Qt::LeftButton, {},
+                               clients->visualItemRect(clients->item(0)).center());
         });
-        QCOMPARE(personal->txtSpouse[1]->text(), kCora.last);
-        QCOMPARE(personal->txtSpouseDOB->text(), QString());
+        QCOMPARE(personal->Box(u"txtSpouse(1)"_qs)->text(), kCora.last);
+        QCOMPARE(personal->Box(u"txtSpouseDOB"_qs)->text(), QString());
     }
 
     void aMissingLetterIsToldAndCancelChangesNothing() {
@@ -251,11 +262,28 @@ private Q_SLOTS:
             list->cm3Seek[12]->click();
             list->cm3Cancel->click();
         });
-        QCOMPARE(personal->txtSpouse[1]->text(), QString());
+        QCOMPARE(personal->Box(u"txtSpouse(1)"_qs)->text(), QString());
         QVERIFY(PersonalField(kBert, QStringLiteral("Spouse Last")).isNull());
         // The list is made afresh at each opening, so it lists today's clients.
         FlushUnloadedForms();
         QVERIFY(!LoadedForm(QStringLiteral("frmSpouseList")));
+    }
+
+    // Only a click on a name chooses it: Enter in a list that has merely taken
+    // the focus links nobody.
+    void enterAloneLinksNobody() {
+        ScriptedServices services;
+        SectionWorld world({kAda, kBert});
+        frmPersonal* personal = OpenPersonal();
+        WithSpouseList(personal, [](frmSpouseList* list) {
+            list->lstClients->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(list->lstClients, Qt::Key_Down);
+            QTest::keyClick(list, Qt::Key_Return);
+            QVERIFY(list->isVisible());
+            QVERIFY(!list->cm3OK->isEnabled());
+        });
+        QCOMPARE(personal->Box(u"txtSpouse(1)"_qs)->text(), QString());
+        QVERIFY(PersonalField(kBert, QStringLiteral("Spouse Last")).isNull());
     }
 
     // A partner's row held by another user: the error report, and the boxes
@@ -270,13 +298,13 @@ private Q_SLOTS:
         QCOMPARE(userB.Ask({"edit", kPersonal, kBert.last, kBert.first}), u"ok"_qs);
         services.messages.Answer(vbOK);
         WithSpouseList(personal, [](frmSpouseList* list) {
-            list->lstClients->setCurrentRow(0);
+            ClickEntry(list->lstClients, 0);
             list->cm3OK->click();
         });
         QVERIFY2(services.messages.Last().prompt.startsWith(
                      u"Module:    frmSpouseList\nProcedure: SelectClient\nError 3260: "_qs),
                  qPrintable(services.messages.Last().prompt));
-        QCOMPARE(personal->txtSpouse[1]->text(), kBert.last);
+        QCOMPARE(personal->Box(u"txtSpouse(1)"_qs)->text(), kBert.last);
         QCOMPARE(userB.Ask({"update"}), u"ok"_qs);
         QVERIFY(PersonalField(kBert, QStringLiteral("Spouse Last")).isNull());
     }

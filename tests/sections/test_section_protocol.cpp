@@ -1,9 +1,9 @@
-// What every section screen does, shown on the personal and user sections:
-// reading when activated, saving only what differs when left, the date gate on
-// every way out, moves, the shown client, and other users of the same file.
+// What every section screen does, row by row of the screens: reading when
+// activated, saving only what differs when left, the date check on every way
+// out, moves, the shown client, one size and place, and other users of the
+// same file.
 #include "platform/dao.h"
-#include "sections/frmPersonal.h"
-#include "sections/frmUser.h"
+#include "sections/section_screen_gui.h"
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
 #include "support/peer_process.h"
@@ -11,6 +11,7 @@
 #include "support/section_testing.h"
 #include "support/shell_testing.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -22,12 +23,58 @@ using namespace quillon::testing;
 
 namespace {
 
-QString PersonalField(const ClientName& client, const QString& field) {
-    return FieldOf(kPersonal, client, field).toString();
-}
+// A screen, a box of it with its field, and a date box with a date it refuses
+// (none on a screen without a date check).
+struct Screen {
+    const char* name;
+    const char* command;
+    const char* table;
+    const char* box;
+    const char* field;
+    const char* otherField;
+    const char* caption;
+    const char* dateBox;
+    const char* badDate;
+    const char* message;
+};
+
+const Screen kScreens[] = {
+    {"personal", "cm3Personal", "Personal", "txtCalled", "Called", "Title", "Ada Lovell (Personal)",
+     "txtChildDOB(1)", "31/02/99", "Invalid date - you must enter dates in the format dd/mm/yy"},
+    {"personal, birth date", "mnuPersonal", "Personal", "txtFullName", "Full Name", "Mobile",
+     "Ada Lovell (Personal)", "txtSpouseDOB", "1/1/1",
+     "Invalid date - you must enter dates in the format dd/mm/yyyy"},
+    {"user", "cm3User", "User", "txtRight(2)", "Right 2", "Left 2", "Ada Lovell (User Defined)", "",
+     "", ""},
+};
 
 QMdiSubWindow* FrameOf(QWidget* form) {
     return qobject_cast<QMdiSubWindow*>(ChildWindow(form));
+}
+
+QVariant Stored(const ClientName& client, const QString& field) {
+    QFETCH(QString, table);
+    return FieldOf(table, client, field);
+}
+
+// The screen of the current row, opened from the main window, with its box.
+struct Opened {
+    SectionScreen* screen = nullptr;
+    QLineEdit* box = nullptr;
+    QLineEdit* dateBox = nullptr;
+};
+
+Opened Open() {
+    QFETCH(QString, command);
+    QFETCH(QString, box);
+    QFETCH(QString, dateBox);
+    Opened opened;
+    opened.screen = OpenSection(command);
+    if (opened.screen) {
+        opened.box = opened.screen->Box(box);
+        opened.dateBox = dateBox.isEmpty() ? nullptr : opened.screen->Box(dateBox);
+    }
+    return opened;
 }
 
 }  // namespace
@@ -35,301 +82,270 @@ QMdiSubWindow* FrameOf(QWidget* form) {
 class TestSectionProtocol : public QObject {
     Q_OBJECT
 
+private:
+    static void screens(bool withDatesOnly) {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("otherField");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("dateBox");
+        QTest::addColumn<QString>("badDate");
+        QTest::addColumn<QString>("message");
+        for (const Screen& s : kScreens) {
+            if (withDatesOnly && !*s.dateBox) {
+                continue;
+            }
+            QTest::newRow(s.name) << s.command << s.table << s.box << s.field << s.otherField
+                                  << s.caption << s.dateBox << s.badDate << s.message;
+        }
+    }
+
 private Q_SLOTS:
     void init() { dao::SetLockTimeout(200); }
 
-    void savesOnlyTheFieldsThatDifferFromWhatWasRead() {
+    void savesOnlyWhatDiffersFromWhatWasRead_data() { screens(false); }
+    void savesOnlyWhatDiffersFromWhatWasRead() {
+        QFETCH(QString, table);
+        QFETCH(QString, field);
+        QFETCH(QString, otherField);
+        QFETCH(QString, caption);
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
-        SetFields(kPersonal, kAda,
-                  {{QStringLiteral("Title"), QStringLiteral("Mrs")},
-                   {QStringLiteral("Called"), QStringLiteral("Ada")},
-                   {QStringLiteral("Fax"), QVariant()}});
-        frmPersonal* personal = OpenPersonal();
-        QVERIFY(personal);
-        QCOMPARE(personal->windowTitle(), u"Ada Lovell (Personal)"_qs);
-        QCOMPARE(personal->txtTitle->text(), u"Mrs"_qs);
-        QCOMPARE(ActiveSection, qint16(1));
+        SetFields(table, kAda,
+                  {{field, QStringLiteral("read")}, {otherField, QStringLiteral("x")}});
+        const Opened open = Open();
+        QVERIFY(open.box);
+        QCOMPARE(open.screen->windowTitle(), caption);
+        QCOMPARE(open.box->text(), u"read"_qs);
+        QVERIFY(!open.screen->Loading);
         // Behind the screen's back, as another workstation would.
-        SetFields(kPersonal, kAda, {{QStringLiteral("Title"), QStringLiteral("Dr")}});
-        TypeInto(personal->txtCalled, QStringLiteral("Addie"));
-        TypeInto(personal->txtFullName, QString());
-        QVERIFY(UnloadForm(QStringLiteral("frmPersonal")));
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Title")), u"Dr"_qs);
-        // Untouched Null stays Null; a box the user emptied is not a Null.
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Fax")).isNull());
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Full Name")).isNull());
+        SetFields(table, kAda, {{otherField, QStringLiteral("theirs")}});
+        TypeInto(open.box, QString());
+        QVERIFY(UnloadForm(open.screen->objectName()));
+        QCOMPARE(Stored(kAda, otherField).toString(), u"theirs"_qs);
+        // A box the user emptied stores an empty text, not a Null.
+        QCOMPARE(Stored(kAda, field), QVariant(QString()));
         QCOMPARE(services.messages.Count(), 0);
     }
 
-    // A: reads; B, another process, changes the title and saves; A changes the
-    // called name and saves. The row ends with both, and A sees B's title when
-    // it comes back to the screen.
+    // A: reads; B, another process, changes one field and saves; A changes
+    // another and saves. The row keeps both, and A sees B's when it comes back.
+    void twoUsersOnOneRowKeepEachOthersChanges_data() { screens(false); }
     void twoUsersOnOneRowKeepEachOthersChanges() {
+        QFETCH(QString, table);
+        QFETCH(QString, field);
+        QFETCH(QString, otherField);
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
-        frmPersonal* personal = OpenPersonal();
+        const Opened open = Open();
         PeerProcess userB;
         QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
-        QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
-        QCOMPARE(userB.Ask({"set", "Title", "Prof"}), u"ok"_qs);
+        QCOMPARE(userB.Ask({"edit", table, kAda.last, kAda.first}), u"ok"_qs);
+        QCOMPARE(userB.Ask({"set", otherField, "B's"}), u"ok"_qs);
         QCOMPARE(userB.Ask({"update"}), u"ok"_qs);
-        QCOMPARE(userB.Ask({"close"}), u"ok"_qs);
-
-        TypeInto(personal->txtCalled, QStringLiteral("Addie"));
-        QWidget* other = OtherChildWindow();
-        ActivateChild(other);  // leaving the screen saves it
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Title")), u"Prof"_qs);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
-        QCOMPARE(personal->txtTitle->text(), QString());
-        ActivateChild(personal);
-        QCOMPARE(personal->txtTitle->text(), u"Prof"_qs);
+        TypeInto(open.box, QStringLiteral("A's"));
+        OtherChildWindow();  // leaving the screen saves it
+        QCOMPARE(Stored(kAda, otherField).toString(), u"B's"_qs);
+        QCOMPARE(Stored(kAda, field).toString(), u"A's"_qs);
         QCOMPARE(services.messages.Count(), 0);
     }
 
     // The save runs Edit and Update even with nothing to assign, so a row that
-    // another user holds is reported, in the screen's and the routine's name.
-    void aSaveWithoutChangesStillEditsTheRow() {
+    // another user holds is reported, in the screen's and the routine's name;
+    // a screen never activated has nothing to save.
+    void aRowHeldElsewhereIsReportedByTheSave_data() { screens(false); }
+    void aRowHeldElsewhereIsReportedByTheSave() {
+        QFETCH(QString, table);
         ScriptedServices services;
         SectionWorld world({kAda});
-        OpenPersonal();
+        const Opened open = Open();
+        const QString form = open.screen->objectName();
         PeerProcess userB;
         QVERIFY(userB.Started());
         QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
-        QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
+        QCOMPARE(userB.Ask({"edit", table, kAda.last, kAda.first}), u"ok"_qs);
         services.messages.Answer(vbOK);
-        QVERIFY(UnloadForm(QStringLiteral("frmPersonal")));  // the unload goes ahead
+        QVERIFY(UnloadForm(form));
         QCOMPARE(services.messages.Count(), 1);
-        const QString report = services.messages.Last().prompt;
-        QVERIFY2(
-            report.startsWith(u"Module: frmPersonal\nProcedure: WriteCRecord\nError 3260: "_qs),
-            qPrintable(report));
+        const QString expected =
+            u"Module: "_qs + form + u"\nProcedure: WriteCRecord\nError 3260: "_qs;
+        QVERIFY2(services.messages.Last().prompt.startsWith(expected),
+                 qPrintable(services.messages.Last().prompt));
         QCOMPARE(services.messages.Last().style & kMsgBoxIconMask, int(vbExclamation));
-    }
-
-    // A screen that has been made but not yet read has nothing to save.
-    void aScreenNeverActivatedWritesNothing() {
-        ScriptedServices services;
-        SectionWorld world({kAda});
-        PeerProcess userB;
-        QVERIFY(userB.Started());
-        QCOMPARE(userB.Ask({"open", world.DatabasePath()}), u"ok"_qs);
-        QCOMPARE(userB.Ask({"edit", kPersonal, kAda.last, kAda.first}), u"ok"_qs);
-        auto* personal = LoadForm<frmPersonal>();
-        QVERIFY(personal->Loading);
-        QVERIFY(UnloadForm(QStringLiteral("frmPersonal")));
-        QCOMPARE(services.messages.Count(), 0);
-    }
-
-    void anotherSectionWaitsUntilABadDateIsMended() {
-        ScriptedServices services;
-        SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtCalled->setText(QStringLiteral("Addie"));
-        personal->txtChildDOB[1]->setText(QStringLiteral("31/02/99"));
-        services.messages.Answer(vbOK);
-        Trigger(QStringLiteral("cm3User"));
-        QCOMPARE(services.messages.Last().prompt, kShortDateMessage);
-        QCOMPARE(services.messages.Last().title, u"Invalid Date"_qs);
-        QCOMPARE(services.messages.Beeps(), 1);
-        QVERIFY(!LoadedForm(QStringLiteral("frmUser")));
-        QCOMPARE(LoadedForm<frmPersonal>(), personal);
-        QVERIFY(FrameOf(personal)->isVisible());
-        QVERIFY(personal->txtChildDOB[1]->hasFocus());
-        QCOMPARE(personal->txtChildDOB[1]->text(), u"31/02/99"_qs);
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Called")).isNull());
-
-        personal->txtChildDOB[1]->setText(QStringLiteral("28/02/99"));
-        Trigger(QStringLiteral("mnuUser"));
-        QVERIFY(LoadedForm(QStringLiteral("frmUser")));
-        QVERIFY(!LoadedForm(QStringLiteral("frmPersonal")));
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Child 2 DOB")), u"28/02/99"_qs);
-    }
-
-    // Clicking another window with a bad date on the screen: the screen takes
-    // itself back, with the bad text still in its box and nothing saved.
-    void anotherWindowCannotTakeOverFromABadDate() {
-        ScriptedServices services;
-        SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
-        QWidget* other = OtherChildWindow();
-        ActivateChild(personal);
-        personal->txtCalled->setText(QStringLiteral("Addie"));
-        personal->txtChildDOB[2]->setText(QStringLiteral("32/01/99"));
-        services.messages.Answer(vbOK);
-        ActivateChild(other);
+        auto* unread = qobject_cast<SectionScreen*>(LoadForm(form));
+        QVERIFY(unread->Loading);
+        QVERIFY(UnloadForm(form));
         QCOMPARE(services.messages.Count(), 1);
-        QCOMPARE(FrameOf(personal)->mdiArea()->activeSubWindow(), FrameOf(personal));
-        QCOMPARE(personal->txtChildDOB[2]->text(), u"32/01/99"_qs);
-        QCOMPARE(personal->txtCalled->text(), u"Addie"_qs);
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Called")).isNull());
-        personal->txtChildDOB[2]->setText(QStringLiteral("31/01/99"));
-        ActivateChild(other);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
     }
 
-    void closingTheProgramIsRefusedByAScreenWithABadDate() {
+    // Another section, a mouse click on a move button, minimising and closing
+    // the program: each tells the bad date once and leaves the user in the
+    // box with nothing saved; a click on a label tells nothing.
+    void aBadDateStopsEveryWayOut_data() { screens(true); }
+    void aBadDateStopsEveryWayOut() {
+        QFETCH(QString, field);
+        QFETCH(QString, badDate);
+        QFETCH(QString, message);
         ScriptedServices services;
-        SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtSpouseDOB->setText(QStringLiteral("1/1/1"));
+        SectionWorld world({kAda, kBert});
+        const Opened open = Open();
+        const QString form = open.screen->objectName();
+        open.box->setText(QStringLiteral("unsaved"));
+        open.dateBox->setText(badDate);
+        const auto toldOnce = [&](const char* way) {
+            QVERIFY2(services.messages.Count() == 1, way);
+            QCOMPARE(services.messages.Last().prompt, message);
+            QCOMPARE(services.messages.Last().title, u"Invalid Date"_qs);
+            QCOMPARE(services.messages.Beeps(), 1);
+            QVERIFY2(open.dateBox->hasFocus(), way);
+            QCOMPARE(LoadedForm(form), open.screen);
+            QCOMPARE(FrameOf(open.screen)->mdiArea()->activeSubWindow(), FrameOf(open.screen));
+            QVERIFY(Stored(kAda, field).isNull());
+            QCOMPARE(CurrentLast, kAda.last);
+            services.messages.ClearRecord();
+            QCoreApplication::processEvents();  // the user's next try comes later
+        };
+        Focus(open.dateBox);
+        Click(open.screen->findChild<QLabel*>());
+        QCOMPARE(services.messages.Count(), 0);
+        services.messages.Answer(vbOK);
+        Trigger(form == u"frmUser"_qs ? u"cm3Personal"_qs : u"cm3User"_qs);
+        toldOnce("another section");
+        services.messages.Answer(vbOK);
+        Click(open.screen->cm3Next);
+        toldOnce("a move");
+        services.messages.Answer(vbOK);
+        OtherChildWindow();
+        toldOnce("another window");
+        services.messages.Answer(vbOK);
+        FrameOf(open.screen)->showMinimized();
+        toldOnce("minimising");
+        QVERIFY(!FrameOf(open.screen)->isMinimized());
         services.messages.Answer(vbOK);
         world.MainWindow()->close();
         FlushUnloadedForms();
-        QCOMPARE(services.messages.Last().prompt,
-                 u"Invalid date - you must enter dates in the format dd/mm/yyyy"_qs);
-        QVERIFY(world.MainWindow() && world.MainWindow()->isVisible());
-        QCOMPARE(LoadedForm<frmPersonal>(), personal);
-        QVERIFY(personal->txtSpouseDOB->hasFocus());
-        const int endsBefore = EndProgramCalls();
-        personal->txtSpouseDOB->setText(QStringLiteral("01/01/1961"));
-        world.MainWindow()->close();
-        QCOMPARE(EndProgramCalls(), endsBefore + 1);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Spouse DOB")), u"01/01/1961"_qs);
+        toldOnce("closing the program");
+        QVERIFY(world.MainWindow()->isVisible());
+        // Mended or emptied, the date lets every way out save.
+        TypeInto(open.dateBox, QString());
+        Click(open.screen->cm3Next);
+        QCOMPARE(Stored(kAda, field).toString(), u"unsaved"_qs);
+        QCOMPARE(services.messages.Count(), 0);
     }
 
-    // Leaving a date box with a bad date brings the focus straight back.
+    // Leaving a date box with a bad date brings the focus straight back; an
+    // emptied box is a good date.
+    void leavingABadDateBoxKeepsTheUserInIt_data() { screens(true); }
     void leavingABadDateBoxKeepsTheUserInIt() {
+        QFETCH(QString, badDate);
+        QFETCH(QString, message);
         ScriptedServices services;
         SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
+        const Opened open = Open();
         services.messages.Answer(vbOK);
-        TypeInto(personal->txtChildDOB[0], QStringLiteral("1/13/05"));
+        TypeInto(open.dateBox, badDate);
         QCOMPARE(services.messages.Count(), 1);
-        QCOMPARE(services.messages.Last().prompt, kShortDateMessage);
-        QVERIFY(personal->txtChildDOB[0]->hasFocus());
-        // An emptied box is a good date.
-        TypeInto(personal->txtChildDOB[0], QString());
+        QCOMPARE(services.messages.Last().prompt, message);
+        QVERIFY(open.dateBox->hasFocus());
+        TypeInto(open.dateBox, QString());
         QCOMPARE(services.messages.Count(), 1);
-        QVERIFY(!personal->txtChildDOB[0]->hasFocus());
+        QVERIFY(!open.dateBox->hasFocus());
     }
 
-    void minimisingWithABadDateTellsAndComesBack() {
-        ScriptedServices services;
-        SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtChildDOB[3]->setText(QStringLiteral("99/99/99"));
-        services.messages.Answer(vbOK);
-        FrameOf(personal)->showMinimized();
-        QCOMPARE(services.messages.Count(), 1);
-        QVERIFY(!FrameOf(personal)->isMinimized());
-        QVERIFY(personal->txtChildDOB[3]->hasFocus());
-        // A good screen minimises without a word and saves nothing.
-        personal->txtChildDOB[3]->clear();
-        personal->txtCalled->setText(QStringLiteral("Addie"));
-        FrameOf(personal)->showMinimized();
-        QVERIFY(FrameOf(personal)->isMinimized());
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Called")).isNull());
-        QCOMPARE(services.messages.Count(), 1);
-    }
-
-    void movesSaveThenFollowTheNameOrderAndStopAtTheEnd() {
+    void movesSaveThenFollowTheNameOrderAndStopAtTheEnds_data() { screens(false); }
+    void movesSaveThenFollowTheNameOrderAndStopAtTheEnds() {
+        QFETCH(QString, table);
+        QFETCH(QString, field);
         ScriptedServices services;
         SectionWorld world({kBert, kAda, kCora});
         CurrentFirst = kBert.first;
         CurrentLast = kBert.last;
-        frmPersonal* personal = OpenPersonal();
-        TypeInto(personal->txtCalled, QStringLiteral("B"));
-        personal->cm3Next->click();
-        QCOMPARE(PersonalField(kBert, QStringLiteral("Called")), u"B"_qs);
+        const Opened open = Open();
+        TypeInto(open.box, QStringLiteral("B"));
+        Click(open.screen->cm3Next);
+        QCOMPARE(Stored(kBert, field).toString(), u"B"_qs);
         QCOMPARE(CurrentLast, kCora.last);
-        QCOMPARE(personal->windowTitle(), u"Cora Nash (Personal)"_qs);
-        QCOMPARE(personal->txtCalled->text(), QString());
+        QVERIFY(open.screen->windowTitle().startsWith(u"Cora Nash ("_qs));
+        QCOMPARE(open.box->text(), QString());
         // On the last client, Next stays there and reads the row afresh.
-        SetFields(kPersonal, kCora, {{QStringLiteral("Called"), QStringLiteral("C")}});
-        personal->cm3Next->click();
+        SetFields(table, kCora, {{field, QStringLiteral("C")}});
+        Click(open.screen->cm3Next);
         QCOMPARE(CurrentLast, kCora.last);
-        QCOMPARE(personal->txtCalled->text(), u"C"_qs);
-        personal->cm3First->click();
+        QCOMPARE(open.box->text(), u"C"_qs);
+        Click(open.screen->cm3First);
         QCOMPARE(CurrentLast, kAda.last);
-        QCOMPARE(PersonalFirst, kAda.first);
-        personal->cm3Last->click();
-        personal->cm3Previous->click();
+        Click(open.screen->cm3Previous);
+        QCOMPARE(CurrentLast, kAda.last);
+        Click(open.screen->cm3Last);
+        Click(open.screen->cm3Previous);
         QCOMPARE(CurrentLast, kBert.last);
-        QCOMPARE(personal->txtCalled->text(), u"B"_qs);
+        QCOMPARE(open.box->text(), u"B"_qs);
         QCOMPARE(services.messages.Count(), 0);
-    }
-
-    void aBadDateStopsAMoveAndItsSave() {
-        ScriptedServices services;
-        SectionWorld world({kAda, kBert});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtCalled->setText(QStringLiteral("Addie"));
-        personal->txtDOB->setText(QStringLiteral("/1/1985"));
-        services.messages.Answer(vbOK);
-        personal->cm3Next->click();
-        QCOMPARE(services.messages.Count(), 1);
-        QCOMPARE(CurrentLast, kAda.last);
-        QVERIFY(FieldOf(kPersonal, kAda, QStringLiteral("Called")).isNull());
-        QVERIFY(personal->txtDOB->hasFocus());
-        // The user section has no dates to check: its moves always go.
-        personal->txtDOB->setText(QStringLiteral("1/1/1985"));
-        Trigger(QStringLiteral("cm3User"));
-        auto* user = LoadedForm<frmUser>();
-        user->cm3Next->click();
-        QCOMPARE(CurrentLast, kBert.last);
-        QCOMPARE(user->windowTitle(), u"Bert Mason (User Defined)"_qs);
     }
 
     // A screen writes to the client it has read, even when the current client
     // has moved on meanwhile, and reads the new one when it comes back.
+    void aSaveGoesToTheShownClientNotTheCurrentOne_data() { screens(false); }
     void aSaveGoesToTheShownClientNotTheCurrentOne() {
+        QFETCH(QString, field);
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtCalled->setText(QStringLiteral("Addie"));
-        QWidget* other = OtherChildWindow();
+        const Opened open = Open();
+        open.box->setText(QStringLiteral("Ada's"));
         CurrentFirst = kBert.first;  // as the client list does
         CurrentLast = kBert.last;
+        QWidget* other = OtherChildWindow();
+        QCOMPARE(Stored(kAda, field).toString(), u"Ada's"_qs);
+        QVERIFY(Stored(kBert, field).isNull());
         ActivateChild(other);
-        QCOMPARE(PersonalField(kAda, QStringLiteral("Called")), u"Addie"_qs);
-        QVERIFY(FieldOf(kPersonal, kBert, QStringLiteral("Called")).isNull());
-        ActivateChild(personal);
-        QCOMPARE(personal->windowTitle(), u"Bert Mason (Personal)"_qs);
-        QCOMPARE(personal->txtCalled->text(), QString());
+        ActivateChild(open.screen);
+        QVERIFY(open.screen->windowTitle().startsWith(u"Bert Mason ("_qs));
+        QCOMPARE(open.box->text(), QString());
     }
 
     // A client without a row in the section's table: told, nothing shown
     // changes, nothing is written.
+    void aMissingRowIsToldAndNothingIsWritten_data() { screens(false); }
     void aMissingRowIsToldAndNothingIsWritten() {
+        QFETCH(QString, table);
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
-        frmPersonal* personal = OpenPersonal();
-        personal->txtCalled->setText(QStringLiteral("kept"));
+        const Opened open = Open();
+        open.box->setText(QStringLiteral("kept"));
         {
             dao::Database db = dao::OpenDatabase(world.DatabasePath());
-            dao::Recordset rows = db.OpenRecordset(kPersonal);
+            dao::Recordset rows = db.OpenRecordset(table);
             rows.SetIndex(QStringLiteral("Name"));
             rows.Seek(QStringLiteral("="), {kBert.last, kBert.first});
             rows.Delete();
         }
-        QWidget* other = OtherChildWindow();
-        ActivateChild(other);
+        OtherChildWindow();
         CurrentFirst = kBert.first;
         CurrentLast = kBert.last;
         services.messages.Answer(vbOK);
-        ActivateChild(personal);
+        ActivateChild(open.screen);
         QCOMPARE(services.messages.Last().prompt, u"Bert Mason could not be found."_qs);
-        QCOMPARE(personal->windowTitle(), u"Ada Lovell (Personal)"_qs);
-        QCOMPARE(personal->txtCalled->text(), u"kept"_qs);
+        QCOMPARE(open.box->text(), u"kept"_qs);
         services.messages.Answer(vbOK);
-        QVERIFY(UnloadForm(QStringLiteral("frmPersonal")));
+        QVERIFY(UnloadForm(open.screen->objectName()));
         QCOMPARE(services.messages.Count(), 2);
     }
 
-    void sectionScreensOpenWhereTheLastOneStood() {
+    // Every section screen opens at the one size, where the last one stood.
+    void sectionScreensOpenAtOneSizeWhereTheLastOneStood() {
         ScriptedServices services;
         SectionWorld world({kAda});
-        frmPersonal* personal = OpenPersonal();
-        FrameOf(personal)->move(45, 30);
-        Trigger(QStringLiteral("cm3User"));
-        auto* user = LoadedForm<frmUser>();
-        QCOMPARE(FrameOf(user)->pos(), QPoint(45, 30));
-        Trigger(QStringLiteral("mnuPersonal"));
-        QCOMPARE(FrameOf(LoadedForm<frmPersonal>())->pos(), QPoint(45, 30));
+        QWidget* first = OpenSection(QString::fromLatin1(kScreens[0].command));
+        FrameOf(first)->move(45, 30);
+        const QSize size = FrameOf(first)->size();
+        for (const Screen& screen : kScreens) {
+            QWidget* form = OpenSection(QString::fromLatin1(screen.command));
+            QCOMPARE(FrameOf(form)->pos(), QPoint(45, 30));
+            QCOMPARE(FrameOf(form)->size(), size);
+        }
     }
 };
 

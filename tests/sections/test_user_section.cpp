@@ -1,5 +1,6 @@
 // The user-defined section: its client values, the descriptions shared by all
 // clients with their question, and the title that renames the section.
+#include "platform/widgets_gui.h"
 #include "sections/frmUser.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
@@ -42,8 +43,8 @@ private Q_SLOTS:
         QVERIFY(!user->Loading);
         QCOMPARE(ActiveSection, qint16(7));
         QCOMPARE(user->windowTitle(), u"Ada Lovell (User Defined)"_qs);
-        QCOMPARE(user->txtLeft[2]->text(), u"Ref 7"_qs);
-        TypeInto(user->txtRight[2], QStringLiteral("Due May"));
+        QCOMPARE(user->Box(u"txtLeft(2)"_qs)->text(), u"Ref 7"_qs);
+        TypeInto(user->Box(u"txtRight(2)"_qs), QStringLiteral("Due May"));
         QVERIFY(UnloadForm(QStringLiteral("frmUser")));
         QCOMPARE(FieldOf(QStringLiteral("User"), kAda, QStringLiteral("Right 2")).toString(),
                  u"Due May"_qs);
@@ -81,9 +82,9 @@ private Q_SLOTS:
         SetFields(QStringLiteral("User"), kBert,
                   {{QStringLiteral("Left 3"), QStringLiteral("42")}});
         frmUser* user = OpenUser();
-        const QString before = user->txtCommon[3]->text();
+        const QString before = user->Box(u"txtCommon(3)"_qs)->text();
         services.messages.Answer(vbNo);
-        TypeInto(user->txtCommon[3], QStringLiteral("Fee agreed"));
+        TypeInto(user->Box(u"txtCommon(3)"_qs), QStringLiteral("Fee agreed"));
         QCOMPARE(services.messages.Count(), 1);
         const ShownMessage question = services.messages.Last();
         QCOMPARE(question.prompt,
@@ -91,20 +92,20 @@ private Q_SLOTS:
                  "the database.\nAre you sure you wish to make this change?"_qs);
         QCOMPARE(question.title, u"User Defined"_qs);
         QCOMPARE(question.style, int(vbYesNo | vbQuestion | vbDefaultButton2));
-        QCOMPARE(user->txtCommon[3]->text(), before);
+        QCOMPARE(user->Box(u"txtCommon(3)"_qs)->text(), before);
         QCOMPARE(CommonField(QStringLiteral("User"), QStringLiteral("Text 3")).toString(), before);
 
         services.messages.Answer(vbYes);
-        TypeInto(user->txtCommon[3], QStringLiteral("Fee agreed"));
+        TypeInto(user->Box(u"txtCommon(3)"_qs), QStringLiteral("Fee agreed"));
         QCOMPARE(CommonField(QStringLiteral("User"), QStringLiteral("Text 3")).toString(),
                  u"Fee agreed"_qs);
         // Leaving it again unchanged asks nothing.
-        Focus(user->txtCommon[3]);
-        Leave(user->txtCommon[3]);
+        Focus(user->Box(u"txtCommon(3)"_qs));
+        Leave(user->Box(u"txtCommon(3)"_qs));
         QCOMPARE(services.messages.Count(), 2);
         user->cm3Next->click();
-        QCOMPARE(user->txtCommon[3]->text(), u"Fee agreed"_qs);
-        QCOMPARE(user->txtLeft[3]->text(), u"42"_qs);
+        QCOMPARE(user->Box(u"txtCommon(3)"_qs)->text(), u"Fee agreed"_qs);
+        QCOMPARE(user->Box(u"txtLeft(3)"_qs)->text(), u"42"_qs);
         QCOMPARE(FieldOf(QStringLiteral("User"), kBert, QStringLiteral("Left 3")).toString(),
                  u"42"_qs);
     }
@@ -114,9 +115,11 @@ private Q_SLOTS:
         ScriptedServices services;
         SectionWorld world({kAda});
         frmUser* user = OpenUser();
-        user->txtNoteLeft->setPlainText(QString(300, QLatin1Char('x')));
-        QCOMPARE(user->txtNoteLeft->toPlainText().size(), 255);
-        user->txtNoteRight->setPlainText(QStringLiteral("line one\nline two"));
+        Control<QPlainTextEdit>(user, u"txtNoteLeft"_qs)
+            ->setPlainText(QString(300, QLatin1Char('x')));
+        QCOMPARE(Control<QPlainTextEdit>(user, u"txtNoteLeft"_qs)->toPlainText().size(), 255);
+        Control<QPlainTextEdit>(user, u"txtNoteRight"_qs)
+            ->setPlainText(QStringLiteral("line one\nline two"));
         world.MainWindow()->close();
         QCOMPARE(FieldOf(QStringLiteral("User"), kAda, QStringLiteral("Note Left")).toString(),
                  QString(255, QLatin1Char('x')));

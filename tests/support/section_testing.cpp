@@ -5,6 +5,7 @@
 #include "data/delivered_databases.h"
 #include "platform/dao.h"
 #include "sections/frmPersonal.h"
+#include "sections/sections.h"
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
@@ -141,9 +142,20 @@ void TypeInto(QLineEdit* box, const QString& text) {
     Leave(box);
 }
 
+SectionScreen* OpenSection(const QString& command) {
+    Trigger(command);
+    const SectionRow* section = Section(ActiveSection);
+    return section ? qobject_cast<SectionScreen*>(LoadedForm(QString::fromLatin1(section->form)))
+                   : nullptr;
+}
+
 frmPersonal* OpenPersonal() {
     Trigger(QStringLiteral("cm3Personal"));
     return LoadedForm<frmPersonal>();
+}
+
+void Click(QWidget* widget) {
+    QTest::mouseClick(widget, Qt::LeftButton, {}, widget->rect().center());
 }
 
 }  // namespace quillon::testing

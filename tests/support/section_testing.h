@@ -3,6 +3,7 @@
 // to read and change rows behind the screens' backs, for the tests of the
 // section screens.
 
+#include "data/client_rows.h"
 #include "support/program_folder_copy.h"
 
 #include <QString>
@@ -14,14 +15,10 @@ class QWidget;
 
 namespace quillon {
 class frmPersonal;
-}
+class SectionScreen;
+}  // namespace quillon
 
 namespace quillon::testing {
-
-struct ClientName {
-    QString first;
-    QString last;
-};
 
 // The clients the section tests work with, in name order.
 inline const ClientName kAda{QStringLiteral("Ada"), QStringLiteral("Lovell")};
@@ -63,8 +60,12 @@ QWidget* OtherChildWindow();
 
 // Runs a main window command, as a click on its button or menu item.
 void Trigger(const QString& command);
+// The section screen that `command` opens, opened from the main window.
+SectionScreen* OpenSection(const QString& command);
 // The personal section, opened from the main window as a user would.
 frmPersonal* OpenPersonal();
+// A click with the mouse, as a user makes it, at the middle of `widget`.
+void Click(QWidget* widget);
 
 // Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
 void TypeInto(QLineEdit* box, const QString& text);
