@@ -29,7 +29,7 @@ QLayoutItem* FlowLayout::takeAt(int index) {
 }
 
 int FlowLayout::heightForWidth(int width) const {
-    return arrange(QRect(0, 0, width, 0), false);
+    return placeItems(QRect(0, 0, width, 0), false);
 }
 
 QSize FlowLayout::minimumSize() const {
@@ -47,10 +47,10 @@ QSize FlowLayout::sizeHint() const {
 
 void FlowLayout::setGeometry(const QRect& rect) {
     QLayout::setGeometry(rect);
-    arrange(rect, true);
+    placeItems(rect, true);
 }
 
-int FlowLayout::arrange(const QRect& rect, bool place) const {
+int FlowLayout::placeItems(const QRect& rect, bool place) const {
     const QRect area = rect.marginsRemoved(contentsMargins());
     int x = area.x();
     int y = area.y();

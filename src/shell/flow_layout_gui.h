@@ -27,7 +27,7 @@ public:
 private:
     // Places the items in `rect` (only measures when `place` is false) and
     // returns the height used.
-    int arrange(const QRect& rect, bool place) const;
+    int placeItems(const QRect& rect, bool place) const;
 
     QList<QLayoutItem*> items_;
 };

@@ -38,9 +38,9 @@ frmQuillon::frmQuillon(QWidget* parent) : QMainWindow(parent) {
     column->addWidget(mdiArea, 1);
     setCentralWidget(centre);
     SetChildArea(mdiArea);
-    buildMenus();
-    buildToolbar();
-    buildStatusBar();
+    makeMenus();
+    makeToolbar();
+    makeStatusBar();
     connectCommands();
     Form_Load();
 }
@@ -49,7 +49,7 @@ QAction* frmQuillon::Command(const QString& name) const {
     return commands_.value(name);
 }
 
-void frmQuillon::placeWindow() {
+void frmQuillon::restoreWindowPlace() {
     // A maximised window still gets its stored rectangle, to return to when the
     // user restores it.
     move(TwipsToPixels(ApplicationLeft), TwipsToPixels(ApplicationTop));
@@ -59,7 +59,7 @@ void frmQuillon::placeWindow() {
 
 void frmQuillon::Form_Load() {
     try {
-        placeWindow();
+        restoreWindowPlace();
         LoadForm(QString::fromLatin1(frmTip::kFormName));
         HideTip();
         pnlToolBar->setVisible(ViewToolbar);

@@ -56,17 +56,17 @@ protected:
 private:
     void Form_Load();
     void openDatabaseOfSlot();
-    void placeWindow();
+    void restoreWindowPlace();
     void storeWindowPlace();
     bool closeChildWindows();
 
     // Building the window (frmQuillon_layout.cpp).
-    void buildMenus();
-    void buildFileMenu(QMenu* menu);
-    void buildDataMenu(QMenu* menu);
-    void buildToolsMenu(QMenu* menu);
-    void buildToolbar();
-    void buildStatusBar();
+    void makeMenus();
+    void makeFileMenu(QMenu* menu);
+    void makeDataMenu(QMenu* menu);
+    void makeToolsMenu(QMenu* menu);
+    void makeToolbar();
+    void makeStatusBar();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption);
     QMenu* addSubmenu(QMenu* menu, const char* name, const QString& caption);
     void addGap();

@@ -38,7 +38,7 @@ QMenu* frmQuillon::addSubmenu(QMenu* menu, const char* name, const QString& capt
     return submenu;
 }
 
-void frmQuillon::buildFileMenu(QMenu* menu) {
+void frmQuillon::makeFileMenu(QMenu* menu) {
     for (int n = 1; n < static_cast<int>(mnuAltFile.size()); ++n) {
         mnuAltFile[n] = menu->addAction(QString());
         mnuAltFile[n]->setObjectName(QStringLiteral("mnuAltFile(%1)").arg(n));
@@ -56,7 +56,7 @@ void frmQuillon::buildFileMenu(QMenu* menu) {
     addItem(menu, "mnuExit", QStringLiteral("E&xit"));
 }
 
-void frmQuillon::buildDataMenu(QMenu* menu) {
+void frmQuillon::makeDataMenu(QMenu* menu) {
     addItem(menu, "mnuClients", QStringLiteral("&Clients"));
     menu->addSeparator();
     addItem(menu, "mnuPersonal", QStringLiteral("&1 Personal"));
@@ -75,7 +75,7 @@ void frmQuillon::buildDataMenu(QMenu* menu) {
     }
 }
 
-void frmQuillon::buildToolsMenu(QMenu* menu) {
+void frmQuillon::makeToolsMenu(QMenu* menu) {
     QMenu* labels = addSubmenu(menu, "mnuLabels", QStringLiteral("La&bels"));
     addItem(labels, "mnuLabelsClients", QStringLiteral("&Clients"));
     addItem(labels, "mnuLabelsOffices", QStringLiteral("Tax &Offices"));
@@ -90,17 +90,17 @@ void frmQuillon::buildToolsMenu(QMenu* menu) {
     addItem(print, "mnuForm64_8", QStringLiteral("Form 64-8"));
 }
 
-void frmQuillon::buildMenus() {
+void frmQuillon::makeMenus() {
     mnuFile = addSubmenu(nullptr, "mnuFile", QStringLiteral("&File"));
-    buildFileMenu(mnuFile);
+    makeFileMenu(mnuFile);
     mnuView = addSubmenu(nullptr, "mnuView", QStringLiteral("&View"));
     for (auto [name, caption] :
          {std::pair{"mnuToolbar", "&Toolbar"}, std::pair{"mnuStatusBar", "&Status bar"},
           std::pair{"mnuTooltips", "Toolti&ps"}}) {
         addItem(mnuView, name, QString::fromLatin1(caption))->setCheckable(true);
     }
-    buildDataMenu(addSubmenu(nullptr, "mnuData", QStringLiteral("&Data")));
-    buildToolsMenu(addSubmenu(nullptr, "mnuTools", QStringLiteral("&Tools")));
+    makeDataMenu(addSubmenu(nullptr, "mnuData", QStringLiteral("&Data")));
+    makeToolsMenu(addSubmenu(nullptr, "mnuTools", QStringLiteral("&Tools")));
     QMenu* settings = addSubmenu(nullptr, "mnuSettings", QStringLiteral("&Settings"));
     addItem(settings, "mnuSettingsReports", QStringLiteral("&Reports"));
     QMenu* help = addSubmenu(nullptr, "mnuHelp", QStringLiteral("&Help"));
@@ -132,7 +132,7 @@ void frmQuillon::addGap() {
     pnlToolBar->layout()->addWidget(gap);
 }
 
-void frmQuillon::buildToolbar() {
+void frmQuillon::makeToolbar() {
     // A panel whose buttons wrap onto a second row in a narrow window.
     auto* panel = new QFrame(centralWidget());
     panel->setFrameShape(QFrame::StyledPanel);
@@ -185,7 +185,7 @@ void frmQuillon::buildToolbar() {
               kReportColour, QStringLiteral("Agent authorisation Form 64-8"));
 }
 
-void frmQuillon::buildStatusBar() {
+void frmQuillon::makeStatusBar() {
     sbStatusBar = new QStatusBar(this);
     sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
     setStatusBar(sbStatusBar);
