@@ -21,8 +21,7 @@ namespace {
 const QString kProgramTitle = QStringLiteral("Quillon");
 
 QLabel* addLabel(QWidget* parent, QVBoxLayout* layout, const char* name, const QString& text) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(QString::fromLatin1(name));
+    auto* label = Named<QLabel>(QString::fromLatin1(name), text, parent);
     layout->addWidget(label);
     return label;
 }

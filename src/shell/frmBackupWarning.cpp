@@ -1,6 +1,7 @@
 #include "shell/frmBackupWarning.h"
 
 #include "data/data_access.h"
+#include "platform/widgets_gui.h"
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/lifecycle.h"
@@ -28,15 +29,13 @@ constexpr int kTextWidth = 460;
 frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Backup Warning"));
     auto* layout = new QVBoxLayout(this);
-    auto* heading = new QLabel(QStringLiteral("Warning"), this);
-    heading->setObjectName(QStringLiteral("lblHeading"));
+    auto* heading = Named<QLabel>(QStringLiteral("lblHeading"), QStringLiteral("Warning"), this);
     QFont bold = heading->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.3);
     heading->setFont(bold);
     layout->addWidget(heading);
-    lblWarning = new QLabel(this);
-    lblWarning->setObjectName(QStringLiteral("lblWarning"));
+    lblWarning = Named<QLabel>(QStringLiteral("lblWarning"), this);
     lblWarning->setWordWrap(true);
     lblWarning->setFixedWidth(kTextWidth);
     layout->addWidget(lblWarning);
@@ -50,8 +49,8 @@ frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
               QStringLiteral("Start Quillon without making a backup."));
     addChoice(choices, cmdExit, "cmdExit", QStringLiteral("Exit"),
               QStringLiteral("Exit from Quillon and use your backup software to make a backup."));
-    chkDisable = new QCheckBox(QStringLiteral("Don't show this warning again"), this);
-    chkDisable->setObjectName(QStringLiteral("chkDisable"));
+    chkDisable = Named<QCheckBox>(QStringLiteral("chkDisable"),
+                                  QStringLiteral("Don't show this warning again"), this);
     layout->addWidget(chkDisable);
 
     connect(cmdBackup, &QPushButton::clicked, this, &frmBackupWarning::cmdBackup_Click);
@@ -64,8 +63,7 @@ frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
 void frmBackupWarning::addChoice(QGridLayout* grid, QPushButton*& button, const char* name,
                                  const QString& caption, const QString& explanation) {
     const int row = grid->rowCount();
-    button = new QPushButton(caption, this);
-    button->setObjectName(QString::fromLatin1(name));
+    button = Named<QPushButton>(QString::fromLatin1(name), caption, this);
     button->setFixedWidth(110);
     auto* text = new QLabel(explanation, this);
     text->setWordWrap(true);

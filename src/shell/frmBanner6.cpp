@@ -1,5 +1,6 @@
 #include "shell/frmBanner6.h"
 
+#include "platform/widgets_gui.h"
 #include "shell/artwork_gui.h"
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
@@ -16,8 +17,7 @@ namespace quillon {
 frmBanner6::frmBanner6(QWidget* parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setWindowTitle(QStringLiteral("Quillon"));
-    picBanner_ = new QLabel(this);
-    picBanner_->setObjectName(QStringLiteral("picBanner"));
+    picBanner_ = Named<QLabel>(QStringLiteral("picBanner"), this);
     picBanner_->setPixmap(SplashPicture());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -27,13 +27,11 @@ frmBanner6::frmBanner6(QWidget* parent)
         move(screen->geometry().center() - rect().center());
     }
 
-    tmrInit = new QTimer(this);
-    tmrInit->setObjectName(QStringLiteral("tmrInit"));
+    tmrInit = Named<QTimer>(QStringLiteral("tmrInit"), this);
     tmrInit->setSingleShot(true);
     tmrInit->setInterval(kInitInterval);
     connect(tmrInit, &QTimer::timeout, this, &frmBanner6::tmrInit_Timer);
-    tmrGo = new QTimer(this);
-    tmrGo->setObjectName(QStringLiteral("tmrGo"));
+    tmrGo = Named<QTimer>(QStringLiteral("tmrGo"), this);
     tmrGo->setSingleShot(true);
     tmrGo->setInterval(kGoInterval);
     connect(tmrGo, &QTimer::timeout, this, &frmBanner6::tmrGo_Timer);

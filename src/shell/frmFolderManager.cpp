@@ -23,8 +23,8 @@ constexpr int kPathWidth = 340;
 const QColor kSelectedSlotColour(0, 255, 255);
 
 QLineEdit* slotBox(QWidget* parent, const char* prefix, int n, int width) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(QStringLiteral("%1(%2)").arg(QString::fromLatin1(prefix)).arg(n));
+    auto* box =
+        Named<QLineEdit>(QStringLiteral("%1(%2)").arg(QString::fromLatin1(prefix)).arg(n), parent);
     box->setMinimumWidth(width);
     return box;
 }

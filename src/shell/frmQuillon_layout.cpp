@@ -1,4 +1,5 @@
 // The main window's menus, toolbar and status bar.
+#include "platform/widgets_gui.h"
 #include "shell/artwork_gui.h"
 #include "shell/flow_layout_gui.h"
 #include "shell/frmQuillon.h"
@@ -112,11 +113,10 @@ void frmQuillon::makeMenus() {
 
 QAction* frmQuillon::addButton(const char* name, const QString& caption, const QString& mark,
                                const QColor& colour, const QString& tip) {
-    auto* command = new QAction(ButtonPicture(mark, colour), caption, this);
-    command->setObjectName(QString::fromLatin1(name));
+    auto* command =
+        Named<QAction>(QString::fromLatin1(name), ButtonPicture(mark, colour), caption, this);
     command->setToolTip(tip);
-    auto* button = new QToolButton(pnlToolBar);
-    button->setObjectName(command->objectName());
+    auto* button = Named<QToolButton>(command->objectName(), pnlToolBar);
     button->setDefaultAction(command);
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setIconSize(QSize(24, 24));
@@ -186,14 +186,11 @@ void frmQuillon::makeToolbar() {
 }
 
 void frmQuillon::makeStatusBar() {
-    sbStatusBar = new QStatusBar(this);
-    sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    sbStatusBar = Named<QStatusBar>(QStringLiteral("sbStatusBar"), this);
     setStatusBar(sbStatusBar);
-    pnlProgress = new QLabel(sbStatusBar);
-    pnlProgress->setObjectName(QStringLiteral("pnlProgress"));
+    pnlProgress = Named<QLabel>(QStringLiteral("pnlProgress"), sbStatusBar);
     sbStatusBar->addWidget(pnlProgress, 1);
-    pnlVersion = new QLabel(sbStatusBar);
-    pnlVersion->setObjectName(QStringLiteral("pnlVersion"));
+    pnlVersion = Named<QLabel>(QStringLiteral("pnlVersion"), sbStatusBar);
     sbStatusBar->addPermanentWidget(pnlVersion);
 }
 

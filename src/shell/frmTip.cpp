@@ -1,5 +1,6 @@
 #include "shell/frmTip.h"
 
+#include "platform/widgets_gui.h"
 #include "shell/forms_gui.h"
 
 #include <QFrame>
@@ -9,11 +10,9 @@
 namespace quillon {
 
 frmTip::frmTip(QWidget* parent) : QWidget(parent, Qt::ToolTip) {
-    picTip = new QFrame(this);
-    picTip->setObjectName(QStringLiteral("picTip"));
+    picTip = Named<QFrame>(QStringLiteral("picTip"), this);
     picTip->setFrameShape(QFrame::Box);
-    lblTip = new QLabel(picTip);
-    lblTip->setObjectName(QStringLiteral("lblTip"));
+    lblTip = Named<QLabel>(QStringLiteral("lblTip"), picTip);
     auto* inner = new QVBoxLayout(picTip);
     inner->addWidget(lblTip);
     auto* layout = new QVBoxLayout(this);

@@ -1,4 +1,5 @@
 #include "shell/help_gui.h"
+#include "platform/widgets_gui.h"
 
 #include <QDialog>
 #include <QHBoxLayout>
@@ -26,16 +27,14 @@ public:
         auto* searchRow = new QHBoxLayout;
         layout->addLayout(searchRow);
         searchRow->addWidget(new QLabel(QStringLiteral("Find:"), this));
-        findBox_ = new QLineEdit(this);
-        findBox_->setObjectName(QStringLiteral("txtFind"));
+        findBox_ = Named<QLineEdit>(QStringLiteral("txtFind"), this);
         searchRow->addWidget(findBox_, 1);
-        auto* findNext = new QPushButton(QStringLiteral("Find &Next"), this);
-        findNext->setObjectName(QStringLiteral("cmdFindNext"));
+        auto* findNext =
+            Named<QPushButton>(QStringLiteral("cmdFindNext"), QStringLiteral("Find &Next"), this);
         searchRow->addWidget(findNext);
         notFound_ = new QLabel(this);
         searchRow->addWidget(notFound_);
-        browser_ = new QTextBrowser(this);
-        browser_->setObjectName(QStringLiteral("txtGuide"));
+        browser_ = Named<QTextBrowser>(QStringLiteral("txtGuide"), this);
         browser_->setSource(QUrl(QString::fromLatin1(kGuide)));
         layout->addWidget(browser_, 1);
         connect(findBox_, &QLineEdit::returnPressed, this, &UserGuideWindow::findNext);
