@@ -8,6 +8,7 @@
 #include "platform/services.h"
 #include "platform/services_gui.h"
 #include "reports/frmVSPrintSettings.h"
+#include "reports/print_backend_gui.h"
 #include "sections/section_forms_gui.h"
 #include "shell/environment.h"
 #include "shell/forms_gui.h"
@@ -133,6 +134,7 @@ int Main() {
     QApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp, &endWhenNoWindowReturns);
     InstallDesktopServices();
+    InstallDesktopPrintBackend();
     RegisterProgramForms();
     if (!StartProgram()) {
         return 0;
