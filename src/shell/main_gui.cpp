@@ -123,8 +123,6 @@ bool StartProgram() {
         return false;
     }
     noteEnvironment();
-    // The print engine's hidden form is held for the whole run.
-    LoadForm(QStringLiteral("frmVSPrint"));
     QDir(WindowsFolder).mkpath(QStringLiteral("TEMP"));
     LoadForm(QString::fromLatin1(frmBanner6::kFormName))->show();
     return true;
