@@ -7,9 +7,9 @@
 #include "shell/main_gui.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QTimer>
 #include <QtTest>
 
@@ -67,12 +67,19 @@ QAbstractButton* Button(QWidget* form, const QString& name) {
     return button;
 }
 
-QAction* MenuItem(QWidget* form, const QString& name) {
-    auto* item = form ? form->findChild<QAction*>(name) : nullptr;
-    if (!item) {
-        QTest::qFail(qPrintable(QStringLiteral("no menu item ") + name), __FILE__, __LINE__);
+QStringList ReferenceLines(const QString& name, const QStringList& actual) {
+    QFile file(QStringLiteral(QUILLON_TEST_DATA_DIR "/reference/") + name);
+    if (qEnvironmentVariableIntValue("QUILLON_REWRITE_REFERENCES") == 1 &&
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        file.write(actual.join(QLatin1Char('\n')).toUtf8() + '\n');
+        file.close();
     }
-    return item;
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    lines.removeLast();
+    return lines;
 }
 
 }  // namespace quillon::testing
