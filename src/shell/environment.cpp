@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSysInfo>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -91,16 +90,13 @@ QString GetOSName() {
     OSVERSIONINFOA version{};
     version.dwOSVersionInfoSize = sizeof(version);
     if (GetVersionExA(&version)) {
-        const QString name = WindowsVersionName(static_cast<int>(version.dwPlatformId),
-                                                static_cast<int>(version.dwMajorVersion),
-                                                static_cast<int>(version.dwMinorVersion));
-        if (!name.isEmpty()) {
-            return name;
-        }
+        return WindowsVersionName(static_cast<int>(version.dwPlatformId),
+                                  static_cast<int>(version.dwMajorVersion),
+                                  static_cast<int>(version.dwMinorVersion));
     }
 #endif
-    // Systems newer than the table, and other platforms, give their own name.
-    return QSysInfo::prettyProductName();
+    // Systems the table does not name, other platforms among them, have no name.
+    return {};
 }
 
 // Len("Quillon2") + 1 characters come off, whatever the folder is called.

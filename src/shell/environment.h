@@ -14,7 +14,8 @@ namespace quillon {
 // Where the platform has no such folders, the nearest equivalents.
 QString GetWindowsDir();
 QString GetSystemDir();
-// The operating system's name as shown in the About box.
+// The operating system's name as shown in the About box: the name of a Windows
+// version the table knows, else empty (as on every other platform).
 QString GetOSName();
 // The name of a Windows version from its platform id and version numbers;
 // empty for one the program does not know.

@@ -46,6 +46,12 @@ private Q_SLOTS:
         QCOMPARE(FamilyFolderOf(QStringLiteral("Q2")), QString());
     }
 
+    void otherSystemsHaveNoName() {
+#ifndef Q_OS_WIN
+        QCOMPARE(GetOSName(), QString());
+#endif
+    }
+
     void oneLockPerProgramFolder() {
         QTemporaryDir first;
         QTemporaryDir second;
