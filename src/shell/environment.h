@@ -26,8 +26,9 @@ QString WindowsVersionName(int platformId, int majorVersion, int minorVersion);
 // wrongly cut string.
 QString FamilyFolderOf(const QString& programFolder);
 
-// Holds the lock of one program folder on this machine for as long as it lives.
-// A lock left by a process that has died is taken over.
+// Holds the lock of one program folder for this user on this machine for as
+// long as it lives, in a folder of the user's own. A lock left by a process
+// that has died is taken over.
 class InstanceLock {
 public:
     explicit InstanceLock(const QString& programFolder);
@@ -35,7 +36,7 @@ public:
     InstanceLock(const InstanceLock&) = delete;
     InstanceLock& operator=(const InstanceLock&) = delete;
 
-    // False when another running process holds it.
+    // False only when another running process holds it.
     bool TryLock();
     QString FilePath() const;
 
