@@ -45,22 +45,21 @@ public:
             return false;
         }
         // The server's helpers may run as another user: they must reach the folder.
-        QFile::setPermissions(dir_.path(), QFile::permissions(dir_.path()) | QFile::ExeOther |
-                                               QFile::ReadOther | QFile::ExeGroup);
-        const QString socket = dir_.filePath(QStringLiteral("cups.sock"));
+        QFile::setPermissions(dir_.path(),
+                              QFile::permissions(dir_.path()) | QFile::ExeGroup | QFile::ExeOther);
+        for (const char* folder : {"state", "cache", "spool", "temp"}) {
+            QDir(dir_.path()).mkdir(QString::fromLatin1(folder));
+        }
         Write("cupsd.conf",
-              {"Listen " + socket, "Browsing No", "WebInterface No", "DefaultAuthType None",
-               "<Policy default>", "<Limit All>", "Order deny,allow", "</Limit>", "</Policy>"});
-        QStringList files{"FileDevice Yes", "ServerRoot " + dir_.path()};
-        for (const char* key : {"StateDir", "CacheDir", "RequestRoot", "TempDir"}) {
-            files << QString::fromLatin1(key) + QLatin1Char(' ') + Folder(key);
-        }
-        for (const char* key : {"ErrorLog", "AccessLog", "PageLog", "Printcap"}) {
-            files << QString::fromLatin1(key) + QLatin1Char(' ') + dir_.filePath(key);
-        }
-        Write("cups-files.conf", files);
+              "Listen %1/cups.sock\nBrowsing No\nWebInterface No\nDefaultAuthType None\n"
+              "<Policy default>\n<Limit All>\nOrder deny,allow\n</Limit>\n</Policy>\n");
+        Write("cups-files.conf",
+              "FileDevice Yes\nServerRoot %1\nStateDir %1/state\nCacheDir %1/cache\n"
+              "RequestRoot %1/spool\nTempDir %1/temp\nErrorLog %1/log\nAccessLog %1/log\n"
+              "PageLog %1/log\nPrintcap %1/printcap\n");
         server_.start(cupsd, {"-f", "-c", dir_.filePath("cupsd.conf"), "-s",
                               dir_.filePath("cups-files.conf")});
+        const QString socket = dir_.filePath(QStringLiteral("cups.sock"));
         if (!QTest::qWaitFor([&socket] { return QFile::exists(socket); }, 10000)) {
             return false;
         }
@@ -72,15 +71,10 @@ public:
     }
 
 private:
-    QString Folder(const char* name) const {
-        const QString folder = dir_.filePath(QString::fromLatin1(name));
-        QDir().mkpath(folder);
-        return folder;
-    }
-    void Write(const char* name, const QStringList& lines) const {
+    void Write(const char* name, const char* text) const {
         QFile file(dir_.filePath(QString::fromLatin1(name)));
         if (file.open(QIODevice::WriteOnly)) {
-            file.write(lines.join(QLatin1Char('\n')).toUtf8() + '\n');
+            file.write(QString::fromLatin1(text).arg(dir_.path()).toLocal8Bit());
         }
     }
 
