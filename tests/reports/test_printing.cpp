@@ -215,6 +215,10 @@ private Q_SLOTS:
         VSPreviewMaximised = false;
         ReportDestination = rdPreview;
     }
+    void cleanup() {
+        desktop_.services.messages.CheckAllAnswersUsed(__FILE__, __LINE__);
+        desktop_.services.fileDialogs.CheckAllAnswersUsed(__FILE__, __LINE__);
+    }
 
     void openReportOnTheSelectedPrinter() {
         const std::tuple<const char*, const char*, int> cases[] = {
