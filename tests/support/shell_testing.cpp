@@ -70,16 +70,12 @@ QAbstractButton* Button(QWidget* form, const QString& name) {
 QStringList ReferenceLines(const QString& name, const QStringList& actual) {
     QFile file(QStringLiteral(QUILLON_TEST_DATA_DIR "/reference/") + name);
     if (qEnvironmentVariableIntValue("QUILLON_REWRITE_REFERENCES") == 1 &&
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        file.write(actual.join(QLatin1Char('\n')).toUtf8() + '\n');
+        file.open(QIODevice::WriteOnly)) {
+        file.write((actual.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
         file.close();
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    lines.removeLast();
-    return lines;
+    const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "";
+    return text.isEmpty() ? QStringList() : text.chopped(1).split(QLatin1Char('\n'));
 }
 
 }  // namespace quillon::testing

@@ -28,9 +28,8 @@ void CloseMainWindow();
 // The named child of `form`, or fails the test.
 QAbstractButton* Button(QWidget* form, const QString& name);
 
-// The lines of the reference file tests/data/reference/`name`. With
-// QUILLON_REWRITE_REFERENCES=1 in the environment the file is first rewritten
-// from `actual`, so that a deliberate change is reviewed as a change of it.
+// The lines of the reference file tests/data/reference/`name`, first rewritten
+// from `actual` when QUILLON_REWRITE_REFERENCES=1 is in the environment.
 QStringList ReferenceLines(const QString& name, const QStringList& actual);
 
 }  // namespace quillon::testing
