@@ -468,6 +468,8 @@ void WriteConfiguration() {
     }
     openConfigText = nullptr;
     QSaveFile file(ConfigFilePath());
+    // A folder where only the file itself may be written still gets the settings.
+    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
         ReportError(QStringLiteral("basConfiguration"), QStringLiteral("WriteConfiguration"),
                     dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error")));

@@ -17,8 +17,9 @@ void SetDefaults();
 // Defaults first, then the file over them; a missing file is made from the defaults.
 void ReadConfiguration();
 // Writes every setting, in the fixed order, by replacing the file with a new one:
-// the old file stands until the new one is complete. A failure to write is
-// reported as a path/file access error and the old file is kept.
+// the old file stands until the new one is complete (in a folder where no file
+// may be made beside it, the file is rewritten in place). A failure to write is
+// reported as a path/file access error.
 void WriteConfiguration();
 // WriteConfigLine(text): one line of the file being written by WriteConfiguration.
 void WriteConfigLine(const QString& text);
