@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, running and testing need.
-# Packages already present are not fetched again.
+# Packages already present are not fetched again. The print server is there for
+# the desktop's printers; the tests run a server of their own on it.
 set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config ccache lld
@@ -10,6 +11,7 @@ packages=(
     fonts-liberation
     poppler-utils
     xvfb xauth
+    cups
 )
 missing=()
 for p in "${packages[@]}"; do

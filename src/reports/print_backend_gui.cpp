@@ -41,6 +41,9 @@ bool DesktopPrintBackend::SupportsDuplex(const QString& device) const {
 }
 
 bool DesktopPrintBackend::IsReady(const QString& device) const {
+    if (!outputFile_.isEmpty()) {
+        return true;
+    }
     const QPrinterInfo info = QPrinterInfo::printerInfo(device);
     return !info.isNull() && info.state() != QPrinter::Error;
 }
@@ -53,8 +56,17 @@ QRectF DesktopPrintBackend::PrintableArea(const QString& device) const {
 }
 
 bool DesktopPrintBackend::Print(const PageDocument& document, const PrintJob& job, QString* error) {
+    // Qt would send the pages to the default printer in place of one it no
+    // longer knows.
+    if (outputFile_.isEmpty() && QPrinterInfo::printerInfo(job.device).isNull()) {
+        *error = QStringLiteral("The printer is not known to the printing system.");
+        return false;
+    }
     QPrinter printer(QPrinter::HighResolution);
     SetUpPrinter(printer, job);
+    if (!outputFile_.isEmpty()) {
+        printer.setOutputFileName(outputFile_);
+    }
     QProgressDialog progress(JobCaption(job), QStringLiteral("Cancel"), 0,
                              static_cast<int>(job.pages.size()));
     progress.setWindowModality(Qt::ApplicationModal);

@@ -1,6 +1,10 @@
 // basConfiguration: the settings file.
 #include "shell/configuration.h"
 
+#include "data/data_access.h"
+#include "platform/code_page.h"
+#include "platform/dao.h"
+#include "platform/files.h"
 #include "shell/program_folder.h"
 #include "shell/twips.h"
 #include "shell/variables.h"
@@ -10,8 +14,8 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QHash>
+#include <QSaveFile>
 #include <QScreen>
-#include <QTextStream>
 
 #include <cmath>
 #include <limits>
@@ -32,7 +36,8 @@ struct Setting {
 };
 
 const QString kEndOfLine = QStringLiteral("\r\n");
-QTextStream* openConfigStream = nullptr;
+// The text of the file being written, while WriteConfiguration runs.
+QByteArray* openConfigText = nullptr;
 
 // A name behind a folder, its leading backslash being the platform's separator.
 QString inFolder(QString name) {
@@ -448,28 +453,32 @@ void ReadConfiguration() {
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    const QString text = QString::fromUtf8(file.readAll());
-    for (const QString& line : splitLines(text)) {
+    for (const QString& line : splitLines(FromCodePage(file.readAll()))) {
         readLine(line);
     }
 }
 
+// The whole text goes to a file beside the old one, which then takes its
+// place: a crash in the middle leaves the old settings as they were.
 void WriteConfiguration() {
-    QFile file(ConfigFilePath());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        return;
-    }
-    QTextStream stream(&file);
-    openConfigStream = &stream;
+    QByteArray text;
+    openConfigText = &text;
     for (const Setting& setting : settings()) {
         WriteConfigLine(setting.key + QLatin1Char('=') + formatted(setting.target));
     }
-    openConfigStream = nullptr;
+    openConfigText = nullptr;
+    QSaveFile file(ConfigFilePath());
+    // A folder where only the file itself may be written still gets the settings.
+    file.setDirectWriteFallback(true);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+        ReportError(QStringLiteral("basConfiguration"), QStringLiteral("WriteConfiguration"),
+                    dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error")));
+    }
 }
 
 void WriteConfigLine(const QString& text) {
-    if (openConfigStream) {
-        *openConfigStream << text << kEndOfLine;
+    if (openConfigText) {
+        openConfigText->append(ToCodePage(text + kEndOfLine));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The ConfigFile quillon.ini beside the program: one KEY=value line per setting,
-// read once at start over the defaults and always rewritten whole.
+// in the Windows-1252 code page, read once at start over the defaults and always
+// rewritten whole.
 
 #include <QString>
 
@@ -15,7 +16,10 @@ QString ConfigFilePath();
 void SetDefaults();
 // Defaults first, then the file over them; a missing file is made from the defaults.
 void ReadConfiguration();
-// Writes every setting, in the fixed order; a failure loses this write silently.
+// Writes every setting, in the fixed order, by replacing the file with a new one:
+// the old file stands until the new one is complete (in a folder where no file
+// may be made beside it, the file is rewritten in place). A failure to write is
+// reported as a path/file access error.
 void WriteConfiguration();
 // WriteConfigLine(text): one line of the file being written by WriteConfiguration.
 void WriteConfigLine(const QString& text);

@@ -3,9 +3,10 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSysInfo>
+#include <QStandardPaths>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -22,6 +23,30 @@ QString withoutTrailingSeparator(QString folder) {
         folder.chop(1);
     }
     return QDir::toNativeSeparators(folder);
+}
+
+// A folder of this user's own, where no other local user can take the lock
+// first: the session's runtime folder, else a folder in the user's cache.
+QString privateLockFolder() {
+#ifdef Q_OS_UNIX
+    // Without a session's folder Qt would name one in the shared temporary folder.
+    const bool sessionFolder = !qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR");
+#else
+    const bool sessionFolder = true;
+#endif
+    const QString runtime = sessionFolder
+                                ? QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
+                                : QString();
+    if (!runtime.isEmpty()) {
+        return runtime;
+    }
+    const QString folder =
+        QDir(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation))
+            .filePath(QStringLiteral("quillon"));
+    QDir().mkpath(folder);
+    QFile::setPermissions(folder,
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    return folder;
 }
 
 #ifdef Q_OS_WIN
@@ -91,16 +116,13 @@ QString GetOSName() {
     OSVERSIONINFOA version{};
     version.dwOSVersionInfoSize = sizeof(version);
     if (GetVersionExA(&version)) {
-        const QString name = WindowsVersionName(static_cast<int>(version.dwPlatformId),
-                                                static_cast<int>(version.dwMajorVersion),
-                                                static_cast<int>(version.dwMinorVersion));
-        if (!name.isEmpty()) {
-            return name;
-        }
+        return WindowsVersionName(static_cast<int>(version.dwPlatformId),
+                                  static_cast<int>(version.dwMajorVersion),
+                                  static_cast<int>(version.dwMinorVersion));
     }
 #endif
-    // Systems newer than the table, and other platforms, give their own name.
-    return QSysInfo::prettyProductName();
+    // Systems the table does not name, other platforms among them, have no name.
+    return {};
 }
 
 // Len("Quillon2") + 1 characters come off, whatever the folder is called.
@@ -114,7 +136,7 @@ InstanceLock::InstanceLock(const QString& programFolder) {
     const QString canonical = QFileInfo(programFolder).absoluteFilePath();
     const QByteArray key =
         QCryptographicHash::hash(canonical.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    path_ = QDir(QDir::tempPath())
+    path_ = QDir(privateLockFolder())
                 .filePath(QStringLiteral("quillon-%1.lock").arg(QString::fromLatin1(key)));
     lock_ = std::make_unique<QLockFile>(path_);
     // Only a dead holder frees the lock, however long a live one has run.
@@ -124,7 +146,12 @@ InstanceLock::InstanceLock(const QString& programFolder) {
 InstanceLock::~InstanceLock() = default;
 
 bool InstanceLock::TryLock() {
-    return lock_->isLocked() || lock_->tryLock(0);
+    if (lock_->isLocked() || lock_->tryLock(0)) {
+        return true;
+    }
+    // Only a live holder means another copy: a lock that can't be made at all
+    // does not keep the program from starting.
+    return lock_->error() != QLockFile::LockFailedError;
 }
 
 QString InstanceLock::FilePath() const {

@@ -14,7 +14,8 @@ namespace quillon {
 // Where the platform has no such folders, the nearest equivalents.
 QString GetWindowsDir();
 QString GetSystemDir();
-// The operating system's name as shown in the About box.
+// The operating system's name as shown in the About box: the name of a Windows
+// version the table knows, else empty (as on every other platform).
 QString GetOSName();
 // The name of a Windows version from its platform id and version numbers;
 // empty for one the program does not know.
@@ -25,8 +26,9 @@ QString WindowsVersionName(int platformId, int majorVersion, int minorVersion);
 // wrongly cut string.
 QString FamilyFolderOf(const QString& programFolder);
 
-// Holds the lock of one program folder on this machine for as long as it lives.
-// A lock left by a process that has died is taken over.
+// Holds the lock of one program folder for this user on this machine for as
+// long as it lives, in a folder of the user's own. A lock left by a process
+// that has died is taken over.
 class InstanceLock {
 public:
     explicit InstanceLock(const QString& programFolder);
@@ -34,7 +36,7 @@ public:
     InstanceLock(const InstanceLock&) = delete;
     InstanceLock& operator=(const InstanceLock&) = delete;
 
-    // False when another running process holds it.
+    // False only when another running process holds it.
     bool TryLock();
     QString FilePath() const;
 

@@ -4,6 +4,7 @@
 #include "clients/client_forms_gui.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
+#include "reports/print_backend_gui.h"
 #include "reports/report_forms_gui.h"
 #include "sections/section_forms_gui.h"
 #include "shell/environment.h"
@@ -104,8 +105,6 @@ bool StartProgram() {
         return false;
     }
     noteEnvironment();
-    // The print engine's hidden form is held for the whole run.
-    LoadForm(QStringLiteral("frmVSPrint"));
     QDir(WindowsFolder).mkpath(QStringLiteral("TEMP"));
     LoadForm(QString::fromLatin1(frmBanner6::kFormName))->show();
     return true;
@@ -115,6 +114,7 @@ int Main() {
     QApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp, &endWhenNoWindowReturns);
     InstallDesktopServices();
+    InstallDesktopPrintBackend();
     RegisterProgramForms();
     if (!StartProgram()) {
         return 0;

@@ -1,6 +1,8 @@
-// The start as a person meets it: the refusal of a second copy, the splash and
-// its timers, and the backup reminder every tenth start.
+// The start as a person meets it: the refusal of a second copy and the lock
+// behind it, what the program learns of its surroundings, the splash and its
+// timers, and the backup reminder every tenth start.
 #include "shell/configuration.h"
+#include "shell/environment.h"
 #include "shell/forms_gui.h"
 #include "shell/frmBackupWarning.h"
 #include "shell/frmBanner6.h"
@@ -16,8 +18,13 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
+
+#include <optional>
+
+#include <unistd.h>
 
 using namespace quillon;
 using namespace quillon::testing;
@@ -38,51 +45,52 @@ void setBackupWarningInFile(int value) {
 
 class TestStart : public QObject {
     Q_OBJECT
+
+private:
+    std::optional<ProgramFolderCopy> folder_;
+    std::optional<ScriptedServices> services_;
+
 private Q_SLOTS:
     void initTestCase() { PrepareShellTests(); }
+    void init() {
+        folder_.emplace();
+        services_.emplace();
+    }
     void cleanup() {
         UnloadForm(QStringLiteral("frmBackupWarning"));
         CloseMainWindow();
+        services_.reset();
+        folder_.reset();
     }
 
     void splashReadsTheFileOnlyWhenItsFirstTimerFires() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
         QVERIFY(StartProgram());
-        QCOMPARE(FamilyFolder, QFileInfo(folder.Path()).path());
+        QCOMPARE(FamilyFolder, QFileInfo(folder_->Path()).path());
         auto* banner = LoadedForm<frmBanner6>();
         QVERIFY(banner && banner->isVisible());
         QVERIFY(banner->tmrInit->isActive());
         QCOMPARE(banner->tmrInit->interval(), 100);
         QVERIFY(!banner->tmrGo->isActive());
-        QVERIFY(folder.ConfigText().isEmpty());
+        QVERIFY(folder_->ConfigText().isEmpty());
 
         banner->tmrInit_Timer();
         QVERIFY(!banner->tmrInit->isActive());
         QVERIFY(banner->tmrGo->isActive());
         QCOMPARE(banner->tmrGo->interval(), 3000);
-        QVERIFY(folder.ConfigText().startsWith("FILE 1=Default Database\r\n"));
+        QVERIFY(folder_->ConfigText().startsWith("FILE 1=Default Database\r\n"));
         QVERIFY(!LoadedForm(QStringLiteral("frmQuillon")));
 
         banner->tmrGo_Timer();
         FlushUnloadedForms();
         QVERIFY(!LoadedForm(QStringLiteral("frmBanner6")));
-        // A new installation starts with the reminder.
+        // A new installation starts with the reminder, which names the file.
         auto* warning = LoadedForm<frmBackupWarning>();
         QVERIFY(warning && warning->isVisible());
         QCOMPARE(warning->windowTitle(), QStringLiteral("Backup Warning"));
         QVERIFY(!LoadedForm(QStringLiteral("frmQuillon")));
-    }
-
-    void reminderTextNamesTheSelectedDatabaseFile() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
-        QVERIFY(RunStart());
-        auto* warning = LoadedForm<frmBackupWarning>();
-        QVERIFY(warning);
         const QString expected =
             QStringLiteral("Your currently selected client database is in the file:\n\n") +
-            folder.File(QStringLiteral("QUILL020.MDB")) +
+            folder_->File(QStringLiteral("QUILL020.MDB")) +
             QStringLiteral(
                 "\n\nYou must back up this file regularly; daily if possible.\n\n"
                 "Now is a good time to make a backup copy of this file.\n\n"
@@ -93,25 +101,15 @@ private Q_SLOTS:
         QCOMPARE(warning->lblWarning->text(), expected);
     }
 
+    // Each start counts down and the count is saved at exit; at 0 the reminder
+    // shows in place of the main window.
     void reminderComesBackAtEveryTenthStart() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
-        QVERIFY(RunStart());
-        auto* warning = LoadedForm<frmBackupWarning>();
-        QVERIFY(warning);
-        Button(warning, QStringLiteral("cmdContinue"))->click();
-        FlushUnloadedForms();
-        QVERIFY(!LoadedForm(QStringLiteral("frmBackupWarning")));
-        QVERIFY(LoadedForm<frmQuillon>() && LoadedForm<frmQuillon>()->isVisible());
-        CloseMainWindow();
-        QVERIFY(folder.ConfigText().contains(warningLine(9)));
-
+        setBackupWarningInFile(9);
         for (int expected = 8; expected >= 0; --expected) {
             QVERIFY(RunStart());
-            QVERIFY2(LoadedForm<frmQuillon>(), qPrintable(QString::number(expected)));
-            QVERIFY(!LoadedForm(QStringLiteral("frmBackupWarning")));
+            QVERIFY(LoadedForm<frmQuillon>() && !LoadedForm(QStringLiteral("frmBackupWarning")));
             CloseMainWindow();
-            QVERIFY2(folder.ConfigText().contains(warningLine(expected)),
+            QVERIFY2(folder_->ConfigText().contains(warningLine(expected)),
                      qPrintable(QString::number(expected)));
         }
         QVERIFY(RunStart());
@@ -120,88 +118,125 @@ private Q_SLOTS:
     }
 
     void aSwitchedOffReminderNeverComesBack() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
         setBackupWarningInFile(-1);
         for (int start = 0; start < 2; ++start) {
             QVERIFY(RunStart());
             QVERIFY(LoadedForm<frmQuillon>());
             CloseMainWindow();
-            QVERIFY(folder.ConfigText().contains(warningLine(-1)));
+            QVERIFY(folder_->ConfigText().contains(warningLine(-1)));
         }
     }
 
-    void tickAndContinueSwitchTheReminderOff() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
-        QVERIFY(RunStart());
-        auto* warning = LoadedForm<frmBackupWarning>();
-        QVERIFY(warning);
-        warning->chkDisable->setChecked(true);
-        Button(warning, QStringLiteral("cmdContinue"))->click();
-        QCOMPARE(BackupWarning, qint16(-1));
-        CloseMainWindow();
-        QVERIFY(folder.ConfigText().contains(warningLine(-1)));
+    // The reminder's buttons, with the tick or without: the countdown they leave
+    // in the file, and the screen that follows (none for exit, which ends the
+    // program). The backup screen brings up the main window itself when it ends.
+    void reminderButtons_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("ticked");
+        QTest::addColumn<int>("countdown");
+        QTest::addColumn<QString>("next");
+        QTest::newRow("continue") << "cmdContinue" << false << 9 << "frmQuillon";
+        QTest::newRow("continue, ticked") << "cmdContinue" << true << -1 << "frmQuillon";
+        QTest::newRow("backup") << "cmdBackup" << false << 9 << "frmBackup";
+        QTest::newRow("exit, ticked") << "cmdExit" << true << 9 << "";
     }
-
-    void exitLeavesNineWhateverTheTickAndNoMainWindow() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
-        QVERIFY(RunStart());
-        auto* warning = LoadedForm<frmBackupWarning>();
-        QVERIFY(warning);
-        warning->chkDisable->setChecked(true);
-        const int endsBefore = EndProgramCalls();
-        Button(warning, QStringLiteral("cmdExit"))->click();
-        FlushUnloadedForms();
-        QCOMPARE(EndProgramCalls(), endsBefore + 1);
-        QVERIFY(folder.ConfigText().contains(warningLine(9)));
-        QVERIFY(!LoadedForm(QStringLiteral("frmQuillon")));
-    }
-
-    // The backup screen is reached through the form registry; it brings up the
-    // main window itself when it ends.
-    void backupOpensTheBackupScreenInsteadOfTheMainWindow() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
+    void reminderButtons() {
+        QFETCH(QString, button);
+        QFETCH(bool, ticked);
+        QFETCH(int, countdown);
+        QFETCH(QString, next);
         RegisterForm(QStringLiteral("frmBackup"), [] { return new QWidget; });
         QVERIFY(RunStart());
         auto* warning = LoadedForm<frmBackupWarning>();
         QVERIFY(warning);
-        Button(warning, QStringLiteral("cmdBackup"))->click();
+        warning->chkDisable->setChecked(ticked);
+        const int endsBefore = EndProgramCalls();
+        Button(warning, button)->click();
         FlushUnloadedForms();
-        QCOMPARE(BackupWarning, qint16(9));
-        QWidget* backup = LoadedForm(QStringLiteral("frmBackup"));
-        QVERIFY(backup && backup->isVisible());
         QVERIFY(!LoadedForm(QStringLiteral("frmBackupWarning")));
-        QVERIFY(!LoadedForm(QStringLiteral("frmQuillon")));
+        QCOMPARE(EndProgramCalls(), endsBefore + (next.isEmpty() ? 1 : 0));
+        for (const QString& form : {QStringLiteral("frmQuillon"), QStringLiteral("frmBackup")}) {
+            QCOMPARE(LoadedForm(form) != nullptr && LoadedForm(form)->isVisible(), form == next);
+        }
+        QCOMPARE(BackupWarning, qint16(countdown));
+        if (next.isEmpty()) {  // exit saves the count itself
+            QVERIFY(folder_->ConfigText().contains(warningLine(countdown)));
+        }
         UnloadForm(QStringLiteral("frmBackup"));
         UnregisterForm(QStringLiteral("frmBackup"));
     }
 
     void aSecondCopyIsRefusedAndTouchesNothing() {
-        ProgramFolderCopy folder;
-        ScriptedServices services;
         QProcess holder;
-        holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"), {folder.Path()});
+        holder.start(QStringLiteral(QUILLON_TEST_BIN_DIR "/helper_instance_lock"),
+                     {folder_->Path()});
         QVERIFY(holder.waitForStarted());
         QByteArray output;
         QTRY_VERIFY((output += holder.readAllStandardOutput()).contains("locked"));
 
-        services.messages.Answer(vbOK);
+        services_->messages.Answer(vbOK);
         QVERIFY(!StartProgram());
-        QCOMPARE(services.messages.Count(), 1);
-        QCOMPARE(services.messages.Last().prompt, QStringLiteral("Quillon is already running"));
-        QCOMPARE(services.messages.Last().title, QStringLiteral("Quillon"));
-        QCOMPARE(services.messages.Last().style, int(vbOKOnly));
-        QCOMPARE(services.messages.Beeps(), 1);
+        QCOMPARE(services_->messages.Count(), 1);
+        QCOMPARE(services_->messages.Last().prompt, QStringLiteral("Quillon is already running"));
+        QCOMPARE(services_->messages.Last().title, QStringLiteral("Quillon"));
+        QCOMPARE(services_->messages.Last().style, int(vbOKOnly));
+        QCOMPARE(services_->messages.Beeps(), 1);
         QVERIFY(!LoadedForm(QStringLiteral("frmBanner6")));
-        QVERIFY(folder.ConfigText().isEmpty());
+        QVERIFY(folder_->ConfigText().isEmpty());
 
         holder.kill();
         QVERIFY(holder.waitForFinished());
         QVERIFY(StartProgram());
         UnloadForm(QStringLiteral("frmBanner6"));
+    }
+
+    // The names of Windows versions the system knows by their platform ids and
+    // version numbers; any other system, this one too unless it is such a
+    // Windows, has no name.
+    void systemNames() {
+        const int versions[][3] = {{1, 4, 0},  {1, 4, 10}, {1, 4, 90}, {1, 4, 3},
+                                   {2, 3, 51}, {2, 4, 0},  {2, 5, 0},  {2, 5, 1},
+                                   {2, 5, 2},  {2, 6, 0},  {2, 10, 0}, {3, 5, 0}};
+        QStringList names;
+        for (const auto& [platform, major, minor] : versions) {
+            names << QStringLiteral("%1 %2.%3: \"%4\"")
+                         .arg(platform)
+                         .arg(major)
+                         .arg(minor)
+                         .arg(WindowsVersionName(platform, major, minor));
+        }
+        QCOMPARE(names, ReferenceLines(QStringLiteral("windows-versions.txt"), names));
+#ifndef Q_OS_WIN
+        QCOMPARE(GetOSName(), QString());
+#endif
+    }
+
+    // A plain count: another folder name is cut just as wrongly, without an error.
+    void familyFolderIsTheProgramFolderLessNineCharacters() {
+        QCOMPARE(FamilyFolderOf(QStringLiteral("/opt/Corvane/Quillon2")),
+                 QStringLiteral("/opt/Corvane"));
+        QCOMPARE(FamilyFolderOf(QStringLiteral("/opt/Corvane/Client")),
+                 QStringLiteral("/opt/Corva"));
+        QCOMPARE(FamilyFolderOf(QStringLiteral("Q2")), QString());
+    }
+
+    // In a folder of this user's own, where no other local user can take it
+    // first; one lock for each program folder.
+    void oneLockPerProgramFolderInAFolderOfTheUsersOwn() {
+        QTemporaryDir first;
+        QTemporaryDir second;
+        InstanceLock running(first.path());
+        QVERIFY(running.TryLock());
+        QVERIFY(running.TryLock());  // asking again keeps it
+        InstanceLock again(first.path());
+        QVERIFY(!again.TryLock());
+        InstanceLock other(second.path());
+        QVERIFY(other.TryLock());
+        QVERIFY(running.FilePath() != other.FilePath());
+        const QFileInfo folder(QFileInfo(running.FilePath()).path());
+        QCOMPARE(folder.ownerId(), uint(geteuid()));
+        QCOMPARE(folder.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser),
+                 QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 };
 

@@ -6,8 +6,6 @@
 #include "reports/print_backend.h"
 #include "support/scripted_services.h"
 
-#include <QSet>
-
 #include <vector>
 
 namespace quillon::testing {
@@ -19,14 +17,13 @@ struct RecordedJob {
 
 class RecordingPrintBackend : public PrintBackend {
 public:
-    QSet<QString> duplexPrinters;
     bool ready = true;
     QString failure;  // a job fails with this text when it isn't empty
     QRectF printableArea{QPointF(0, 0), A4SizeTwips()};
     std::vector<RecordedJob> jobs;
 
     bool SupportsDuplex(const QString& device) const override {
-        return duplexPrinters.contains(device);
+        return device == QStringLiteral("Duplex Laser");
     }
     bool IsReady(const QString& /*device*/) const override { return ready; }
     QRectF PrintableArea(const QString& /*device*/) const override { return printableArea; }
@@ -49,7 +46,6 @@ public:
         services.printers.Set({QStringLiteral("Office Laser"), QStringLiteral("Duplex Laser"),
                                QString::fromLatin1(kPdfPrinterName)},
                               QStringLiteral("Office Laser"));
-        backend.duplexPrinters = {QStringLiteral("Duplex Laser")};
         previousBackend_ = InstallPrintBackend(&backend);
     }
     ~PrintDesktop() { InstallPrintBackend(previousBackend_); }

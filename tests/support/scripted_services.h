@@ -41,7 +41,6 @@ public:
     // The last message shown; an empty one when none was.
     ShownMessage Last() const { return shown_.isEmpty() ? ShownMessage{} : shown_.last(); }
     int Beeps() const { return beeps_; }
-    int UnusedAnswers() const { return answers_.size(); }
     // Forgets what was shown and the beeps; queued answers stay.
     void ClearRecord();
 
@@ -76,7 +75,6 @@ public:
     QString FolderName(const QString& title, const QString& folder) override;
 
     const QList<ShownFileDialog>& Shown() const { return shown_; }
-    int UnusedAnswers() const { return answers_.size(); }
     void CheckAllAnswersUsed(const char* file, int line);
 
 private:

@@ -7,9 +7,9 @@
 #include "shell/main_gui.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QTimer>
 #include <QtTest>
 
@@ -67,12 +67,15 @@ QAbstractButton* Button(QWidget* form, const QString& name) {
     return button;
 }
 
-QAction* MenuItem(QWidget* form, const QString& name) {
-    auto* item = form ? form->findChild<QAction*>(name) : nullptr;
-    if (!item) {
-        QTest::qFail(qPrintable(QStringLiteral("no menu item ") + name), __FILE__, __LINE__);
+QStringList ReferenceLines(const QString& name, const QStringList& actual) {
+    QFile file(QStringLiteral(QUILLON_TEST_DATA_DIR "/reference/") + name);
+    if (qEnvironmentVariableIntValue("QUILLON_REWRITE_REFERENCES") == 1 &&
+        file.open(QIODevice::WriteOnly)) {
+        file.write((actual.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
+        file.close();
     }
-    return item;
+    const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "";
+    return text.isEmpty() ? QStringList() : text.chopped(1).split(QLatin1Char('\n'));
 }
 
 }  // namespace quillon::testing

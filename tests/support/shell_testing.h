@@ -3,9 +3,9 @@
 // timers or an event loop.
 
 #include <QString>
+#include <QStringList>
 
 class QAbstractButton;
-class QAction;
 class QWidget;
 
 namespace quillon::testing {
@@ -27,6 +27,9 @@ void CloseMainWindow();
 
 // The named child of `form`, or fails the test.
 QAbstractButton* Button(QWidget* form, const QString& name);
-QAction* MenuItem(QWidget* form, const QString& name);
+
+// The lines of the reference file tests/data/reference/`name`, first rewritten
+// from `actual` when QUILLON_REWRITE_REFERENCES=1 is in the environment.
+QStringList ReferenceLines(const QString& name, const QStringList& actual);
 
 }  // namespace quillon::testing
