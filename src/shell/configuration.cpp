@@ -18,6 +18,7 @@
 #include <QScreen>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <variant>
@@ -29,9 +30,18 @@ namespace {
 
 using Target = std::variant<bool*, qint16*, qint32*, quint8*, double*, QString*>;
 
+// A setting's default: the text the file would hold for it, made when the
+// defaults are set; an empty one leaves the variable as it is.
+using Default = std::function<QString()>;
+
+Default text(const char* value) {
+    return [value] { return QString::fromLatin1(value); };
+}
+
 struct Setting {
     QString key;
     Target target;
+    Default fallback;
     bool readBack = true;
 };
 
@@ -48,123 +58,151 @@ QString numbered(const char* prefix, int n) {
     return QString::fromLatin1(prefix) + QString::number(n);
 }
 
-// Every setting in the order of the file.
+QSize screenSizeInTwips();
+
+QString screenWidth() {
+    return QString::number(screenSizeInTwips().width());
+}
+
+QString screenHeight() {
+    return QString::number(screenSizeInTwips().height());
+}
+
+// Letters 1 to 9 are named and filed by their number; letter 0 is empty.
+Default letterName(const char* prefix, int n) {
+    return [prefix, n] { return n == 0 ? QString() : numbered(prefix, n); };
+}
+
+Default letterFile(const char* prefix, int n) {
+    return [prefix, n] {
+        return n == 0 ? QString()
+                      : ProgramFolder() + inFolder(numbered(prefix, n) + QStringLiteral(".wri"));
+    };
+}
+
+// Every setting in the order of the file, with its default.
 std::vector<Setting> buildSettings() {
     std::vector<Setting> list;
-    auto add = [&list](const char* key, Target target, bool readBack = true) {
-        list.push_back({QString::fromLatin1(key), target, readBack});
+    auto add = [&list](const QString& key, Target target, Default fallback) {
+        list.push_back({key, target, std::move(fallback)});
+    };
+    auto fixed = [&add](const char* key, Target target, const char* value) {
+        add(QString::fromLatin1(key), target, text(value));
     };
     for (int n = 1; n <= kDatabaseSlots; ++n) {
-        list.push_back({numbered("FILE ", n), &DatabaseTitle[n]});
+        add(numbered("FILE ", n), &DatabaseTitle[n], text(n == 1 ? "Default Database" : ""));
     }
     for (int n = 1; n <= kDatabaseSlots; ++n) {
-        list.push_back({numbered("PATH ", n), &DatabaseFolder[n]});
+        add(numbered("PATH ", n), &DatabaseFolder[n], n == 1 ? Default(ProgramFolder) : text(""));
     }
-    add("SELECTED FILE", &SelectedFile);
-    add("VIEW TOOLBAR", &ViewToolbar);
-    add("VIEW STATUS BAR", &ViewStatusBar);
-    add("VIEW TOOLTIPS", &ViewTooltips);
-    add("APPLICATION MAXIMISED", &ApplicationMaximised);
-    add("APPLICATION TOP", &ApplicationTop);
-    add("APPLICATION LEFT", &ApplicationLeft);
-    add("APPLICATION HEIGHT", &ApplicationHeight);
-    add("APPLICATION WIDTH", &ApplicationWidth);
-    add("USE QUOTES", &UseQuotes);
-    add("FIELD DELIMITER", &FieldDelimiter);
-    add("CURRENT FIRST", &CurrentFirst);
-    add("CURRENT LAST", &CurrentLast);
-    add("DIARY PAGE", &DiaryPage);
-    add("CURRENT OFFICE NAME", &CurrentOfficeName);
-    add("CURRENT OFFICE NUMBER", &CurrentOfficeNumber);
+    fixed("SELECTED FILE", &SelectedFile, "1");
+    fixed("VIEW TOOLBAR", &ViewToolbar, "True");
+    fixed("VIEW STATUS BAR", &ViewStatusBar, "True");
+    fixed("VIEW TOOLTIPS", &ViewTooltips, "True");
+    fixed("APPLICATION MAXIMISED", &ApplicationMaximised, "True");
+    fixed("APPLICATION TOP", &ApplicationTop, "0");
+    fixed("APPLICATION LEFT", &ApplicationLeft, "0");
+    add(QStringLiteral("APPLICATION HEIGHT"), &ApplicationHeight, screenHeight);
+    add(QStringLiteral("APPLICATION WIDTH"), &ApplicationWidth, screenWidth);
+    fixed("USE QUOTES", &UseQuotes, "True");
+    fixed("FIELD DELIMITER", &FieldDelimiter, ",");
+    fixed("CURRENT FIRST", &CurrentFirst, "A.");
+    fixed("CURRENT LAST", &CurrentLast, "Sample");
+    fixed("DIARY PAGE", &DiaryPage, "1");
+    fixed("CURRENT OFFICE NAME", &CurrentOfficeName, "Accounts Office Cumbernauld");
+    fixed("CURRENT OFFICE NUMBER", &CurrentOfficeNumber, "902");
     for (int n = 0; n < kStandardLetters; ++n) {
-        list.push_back({numbered("CLIENT LETTER ", n), &ClientLetter[n]});
-        list.push_back({numbered("CLIENT LETTER FILE ", n), &ClientLetterFile[n]});
+        add(numbered("CLIENT LETTER ", n), &ClientLetter[n], letterName("Client Letter ", n));
+        add(numbered("CLIENT LETTER FILE ", n), &ClientLetterFile[n], letterFile("\\CLetter", n));
     }
     for (int n = 0; n < kStandardLetters; ++n) {
-        list.push_back({numbered("TAX OFFICE LETTER ", n), &TaxOfficeLetter[n]});
-        list.push_back({numbered("TAX OFFICE LETTER FILE ", n), &TaxOfficeLetterFile[n]});
+        add(numbered("TAX OFFICE LETTER ", n), &TaxOfficeLetter[n],
+            letterName("Tax Office Letter ", n));
+        add(numbered("TAX OFFICE LETTER FILE ", n), &TaxOfficeLetterFile[n],
+            letterFile("\\OLetter", n));
     }
-    add("WORD FOLDER", &WordFolder);
-    add("WP FOLDER", &WPFolder);
-    add("TAX YEAR", &TaxYear);
-    add("CURRENT COMPANY", &CurrentCompany);
-    add("CURRENT STOCK", &CurrentStock);
-    add("CURRENT FID", &CurrentFID);
-    add("DIARY REPORT PARTNER", &DiaryReportPartner);
-    add("DIARY REPORT MANAGER", &DiaryReportManager);
-    add("DIARY REPORT ASSISTANT", &DiaryReportAssistant);
-    add("DIARY REPORT OFFICE", &DiaryReportOffice);
-    add("DIARY REPORT REFERENCE", &DiaryReportReference);
-    add("DIARY REPORT TITLE", &DiaryReportTitle);
-    add("CLIENT RECORD PERSONAL", &ClientRecordPersonal);
-    add("CLIENT RECORD ADMINISTRATION", &ClientRecordAdministration);
-    add("CLIENT RECORD EMPLOYMENT", &ClientRecordEmployment);
-    add("CLIENT RECORD BUSINESS", &ClientRecordBusiness);
-    add("CLIENT RECORD ASSETS", &ClientRecordAssets);
-    add("CLIENT RECORD CONTRIBUTIONS", &ClientRecordContributions);
-    add("CLIENT RECORD USER", &ClientRecordUser);
-    add("CLIENT RECORD DIARY", &ClientRecordDiary);
-    add("ADDRESS FOR LABELS", &AddressForLabels);
-    add("ADDRESS FOR LETTER", &AddressForLetter);
-    add("ADDRESS FOR MERGE", &AddressForMerge);
-    add("REPORT SHADING", &ReportShading);
-    add("REPORT SCALE", &ReportScale);
-    add("REPORT FONT", &ReportFont);
-    add("REPORT REVERSE", &ReportReverse);
-    add("REPORT TICKS", &ReportTicks);
-    add("REPORT PREVIEW", &ReportPreview);
-    add("REPORT PADDING", &ReportPadding);
-    add("PW TEMPLATE", &PWTemplate);
-    add("PW LEFT", &PWLeft);
-    add("PW TOP", &PWTop);
-    add("PW WIDTH", &PWWidth);
-    add("PW HEIGHT", &PWHeight);
-    add("PW RESOLUTION", &PWResolution);
-    add("PW SPACING", &PWSpacing);
-    add("PW ZOOM", &PWZoom);
-    add("PW BLACK", &PWBlack);
-    add("PW DARK", &PWDark);
-    add("PW LIGHT", &PWLight);
-    add("PW WHITE", &PWWhite);
-    add("PW SECTION", &PWSection);
-    // The chosen printer is only remembered within a run; the line is informative.
-    add("VS PRINTER", &VSPrinter, false);
-    add("VS LEFT", &VSLeft);
-    add("VS TOP", &VSTop);
-    add("VS SCALE", &VSScale);
-    add("VS PDF FOLDER", &VSPDFFolder);
-    add("VS PDF FILE OPTION", &VSPDFFileOption);
-    add("VS PDF FILE NAME", &VSPDFFileName);
-    add("VS PDF LEFT", &VSPDFLeft);
-    add("VS PDF TOP", &VSPDFTop);
-    add("VS PDF SCALE", &VSPDFScale);
-    add("VS BLACK", &VSBlack);
-    add("VS DARK", &VSDark);
-    add("VS LIGHT", &VSLight);
-    add("VS WHITE", &VSWhite);
-    add("VS SECTION", &VSSection);
-    add("VS PREVIEW MAXIMISED", &VSPreviewMaximised);
-    add("VS PREVIEW TOP", &VSPreviewTop);
-    add("VS PREVIEW LEFT", &VSPreviewLeft);
-    add("VS PREVIEW HEIGHT", &VSPreviewHeight);
-    add("VS PREVIEW WIDTH", &VSPreviewWidth);
-    add("VS ALIGN TEXT METHOD", &VSAlignTextMethod);
-    add("VS ALIGN TEXT X", &VSAlignTextX);
-    add("VS ALIGN TEXT Y", &VSAlignTextY);
-    add("VS DUPLEX MODE", &VSDuplexMode);
-    add("AGENT NAME", &AgentName);
+    fixed("WORD FOLDER", &WordFolder, "");
+    fixed("WP FOLDER", &WPFolder, "C:\\Program Files\\Accessories");
+    fixed("TAX YEAR", &TaxYear, "2015");
+    fixed("CURRENT COMPANY", &CurrentCompany, "3i Group PLC");
+    fixed("CURRENT STOCK", &CurrentStock, "Ordinary 50p");
+    fixed("CURRENT FID", &CurrentFID, "False");
+    fixed("DIARY REPORT PARTNER", &DiaryReportPartner, "");
+    fixed("DIARY REPORT MANAGER", &DiaryReportManager, "");
+    fixed("DIARY REPORT ASSISTANT", &DiaryReportAssistant, "");
+    fixed("DIARY REPORT OFFICE", &DiaryReportOffice, "");
+    fixed("DIARY REPORT REFERENCE", &DiaryReportReference, "0");
+    fixed("DIARY REPORT TITLE", &DiaryReportTitle, "Title");
+    fixed("CLIENT RECORD PERSONAL", &ClientRecordPersonal, "1");
+    fixed("CLIENT RECORD ADMINISTRATION", &ClientRecordAdministration, "1");
+    fixed("CLIENT RECORD EMPLOYMENT", &ClientRecordEmployment, "1");
+    fixed("CLIENT RECORD BUSINESS", &ClientRecordBusiness, "1");
+    fixed("CLIENT RECORD ASSETS", &ClientRecordAssets, "1");
+    fixed("CLIENT RECORD CONTRIBUTIONS", &ClientRecordContributions, "1");
+    fixed("CLIENT RECORD USER", &ClientRecordUser, "1");
+    fixed("CLIENT RECORD DIARY", &ClientRecordDiary, "1");
+    fixed("ADDRESS FOR LABELS", &AddressForLabels, "0");
+    fixed("ADDRESS FOR LETTER", &AddressForLetter, "0");
+    fixed("ADDRESS FOR MERGE", &AddressForMerge, "0");
+    fixed("REPORT SHADING", &ReportShading, "True");
+    fixed("REPORT SCALE", &ReportScale, "100");
+    fixed("REPORT FONT", &ReportFont, "Arial");
+    fixed("REPORT REVERSE", &ReportReverse, "False");
+    fixed("REPORT TICKS", &ReportTicks, "0");
+    fixed("REPORT PREVIEW", &ReportPreview, "0");
+    fixed("REPORT PADDING", &ReportPadding, "False");
+    fixed("PW TEMPLATE", &PWTemplate, "");
+    fixed("PW LEFT", &PWLeft, "0");
+    fixed("PW TOP", &PWTop, "0");
+    fixed("PW WIDTH", &PWWidth, "196");
+    fixed("PW HEIGHT", &PWHeight, "279");
+    fixed("PW RESOLUTION", &PWResolution, "100");
+    fixed("PW SPACING", &PWSpacing, "0");
+    fixed("PW ZOOM", &PWZoom, "30");
+    fixed("PW BLACK", &PWBlack, "0");
+    fixed("PW DARK", &PWDark, "200");
+    fixed("PW LIGHT", &PWLight, "225");
+    fixed("PW WHITE", &PWWhite, "255");
+    fixed("PW SECTION", &PWSection, "0");
+    // Written but never read back: the printer is chosen afresh at each start.
+    list.push_back({QStringLiteral("VS PRINTER"), &VSPrinter, text(""), false});
+    fixed("VS LEFT", &VSLeft, "0");
+    fixed("VS TOP", &VSTop, "0");
+    fixed("VS SCALE", &VSScale, "100");
+    fixed("VS PDF FOLDER", &VSPDFFolder, "");
+    fixed("VS PDF FILE OPTION", &VSPDFFileOption, "0");
+    fixed("VS PDF FILE NAME", &VSPDFFileName, "Quillon");
+    fixed("VS PDF LEFT", &VSPDFLeft, "0");
+    fixed("VS PDF TOP", &VSPDFTop, "0");
+    fixed("VS PDF SCALE", &VSPDFScale, "100");
+    fixed("VS BLACK", &VSBlack, "0");
+    fixed("VS DARK", &VSDark, "200");
+    fixed("VS LIGHT", &VSLight, "225");
+    fixed("VS WHITE", &VSWhite, "255");
+    fixed("VS SECTION", &VSSection, "0");
+    fixed("VS PREVIEW MAXIMISED", &VSPreviewMaximised, "True");
+    fixed("VS PREVIEW TOP", &VSPreviewTop, "0");
+    fixed("VS PREVIEW LEFT", &VSPreviewLeft, "0");
+    add(QStringLiteral("VS PREVIEW HEIGHT"), &VSPreviewHeight, screenHeight);
+    add(QStringLiteral("VS PREVIEW WIDTH"), &VSPreviewWidth, screenWidth);
+    fixed("VS ALIGN TEXT METHOD", &VSAlignTextMethod, "0");
+    fixed("VS ALIGN TEXT X", &VSAlignTextX, "0");
+    fixed("VS ALIGN TEXT Y", &VSAlignTextY, "0");
+    fixed("VS DUPLEX MODE", &VSDuplexMode, "0");
+    fixed("AGENT NAME", &AgentName, "");
     for (int n = 1; n <= kAgentAddressLines; ++n) {
-        list.push_back({numbered("AGENT ADDRESS ", n), &AgentAddress[n]});
+        add(numbered("AGENT ADDRESS ", n), &AgentAddress[n], text(""));
     }
-    add("AGENT POSTCODE", &AgentPostcode);
-    add("AGENT TELEPHONE", &AgentTelephone);
-    add("AGENT FAX", &AgentFax);
-    add("AGENT EMAIL", &AgentEmail);
-    add("AGENT CODES", &AgentCodes);
-    add("AGENT STATEMENTS", &AgentStatements);
-    add("BACKUP WARNING", &BackupWarning);
-    add("TAX OFFICES UPDATE", &TaxOfficesUpdate);
-    add("DIVIDENDS UPDATE", &DividendsUpdate);
+    fixed("AGENT POSTCODE", &AgentPostcode, "");
+    fixed("AGENT TELEPHONE", &AgentTelephone, "");
+    fixed("AGENT FAX", &AgentFax, "");
+    fixed("AGENT EMAIL", &AgentEmail, "");
+    fixed("AGENT CODES", &AgentCodes, "");
+    fixed("AGENT STATEMENTS", &AgentStatements, "0");
+    fixed("BACKUP WARNING", &BackupWarning, "0");
+    fixed("TAX OFFICES UPDATE", &TaxOfficesUpdate, "True");
+    // No default on purpose: it keeps the value it started the run with.
+    add(QStringLiteral("DIVIDENDS UPDATE"), &DividendsUpdate, nullptr);
     return list;
 }
 
@@ -284,17 +322,6 @@ QStringList splitLines(const QString& text) {
     return lines;
 }
 
-void setLetterDefaults(std::array<QString, kStandardLetters>& names,
-                       std::array<QString, kStandardLetters>& files, const char* namePrefix,
-                       const char* filePrefix) {
-    names[0].clear();
-    files[0].clear();
-    for (int n = 1; n < kStandardLetters; ++n) {
-        names[n] = numbered(namePrefix, n);
-        files[n] = ProgramFolder() + inFolder(numbered(filePrefix, n) + QStringLiteral(".wri"));
-    }
-}
-
 // The SCREEN size of the defaults.
 QSize screenSizeInTwips() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -304,126 +331,6 @@ QSize screenSizeInTwips() {
     return {PixelsToTwips(screen->size().width()), PixelsToTwips(screen->size().height())};
 }
 
-void setWindowDefaults() {
-    const QSize screen = screenSizeInTwips();
-    ViewToolbar = true;
-    ViewStatusBar = true;
-    ViewTooltips = true;
-    ApplicationMaximised = true;
-    ApplicationTop = 0;
-    ApplicationLeft = 0;
-    ApplicationHeight = screen.height();
-    ApplicationWidth = screen.width();
-    VSPreviewMaximised = true;
-    VSPreviewTop = 0;
-    VSPreviewLeft = 0;
-    VSPreviewHeight = screen.height();
-    VSPreviewWidth = screen.width();
-}
-
-void setSlotDefaults() {
-    for (int n = 1; n <= kDatabaseSlots; ++n) {
-        DatabaseTitle[n].clear();
-        DatabaseFolder[n].clear();
-    }
-    DatabaseTitle[1] = QStringLiteral("Default Database");
-    DatabaseFolder[1] = ProgramFolder();
-    SelectedFile = 1;
-}
-
-void setClientAndOfficeDefaults() {
-    UseQuotes = true;
-    FieldDelimiter = QStringLiteral(",");
-    CurrentFirst = QStringLiteral("A.");
-    CurrentLast = QStringLiteral("Sample");
-    DiaryPage = 1;
-    CurrentOfficeName = QStringLiteral("Accounts Office Cumbernauld");
-    CurrentOfficeNumber = QStringLiteral("902");
-    setLetterDefaults(ClientLetter, ClientLetterFile, "Client Letter ", "\\CLetter");
-    setLetterDefaults(TaxOfficeLetter, TaxOfficeLetterFile, "Tax Office Letter ", "\\OLetter");
-    WordFolder.clear();
-    WPFolder = QStringLiteral("C:\\Program Files\\Accessories");
-    TaxYear = 2015;
-    CurrentCompany = QStringLiteral("3i Group PLC");
-    CurrentStock = QStringLiteral("Ordinary 50p");
-    CurrentFID = false;
-}
-
-void setReportDefaults() {
-    DiaryReportPartner.clear();
-    DiaryReportManager.clear();
-    DiaryReportAssistant.clear();
-    DiaryReportOffice.clear();
-    DiaryReportReference = 0;
-    DiaryReportTitle = QStringLiteral("Title");
-    for (qint16* box : {&ClientRecordPersonal, &ClientRecordAdministration, &ClientRecordEmployment,
-                        &ClientRecordBusiness, &ClientRecordAssets, &ClientRecordContributions,
-                        &ClientRecordUser, &ClientRecordDiary}) {
-        *box = 1;
-    }
-    AddressForLabels = 0;
-    AddressForLetter = 0;
-    AddressForMerge = 0;
-    ReportShading = true;
-    ReportScale = 100;
-    ReportFont = QStringLiteral("Arial");
-    ReportReverse = false;
-    ReportTicks = 0;
-    ReportPreview = 0;
-    ReportPadding = false;
-}
-
-void setPageDefaults() {
-    PWTemplate.clear();
-    PWLeft = QStringLiteral("0");
-    PWTop = QStringLiteral("0");
-    PWWidth = QStringLiteral("196");
-    PWHeight = QStringLiteral("279");
-    PWResolution = QStringLiteral("100");
-    PWSpacing = 0;
-    PWZoom = QStringLiteral("30");
-    PWBlack = 0;
-    PWDark = 200;
-    PWLight = 225;
-    PWWhite = 255;
-    PWSection = 0;
-}
-
-void setPrintEngineDefaults() {
-    VSPrinter.clear();
-    VSLeft = 0;
-    VSTop = 0;
-    VSScale = 100;
-    VSPDFFolder.clear();
-    VSPDFFileOption = 0;
-    VSPDFFileName = QStringLiteral("Quillon");
-    VSPDFLeft = 0;
-    VSPDFTop = 0;
-    VSPDFScale = 100;
-    VSBlack = 0;
-    VSDark = 200;
-    VSLight = 225;
-    VSWhite = 255;
-    VSSection = 0;
-    VSAlignTextMethod = 0;
-    VSAlignTextX = 0;
-    VSAlignTextY = 0;
-    VSDuplexMode = 0;
-}
-
-void setAgentDefaults() {
-    AgentName.clear();
-    for (QString& line : AgentAddress) {
-        line.clear();
-    }
-    AgentPostcode.clear();
-    AgentTelephone.clear();
-    AgentFax.clear();
-    AgentEmail.clear();
-    AgentCodes.clear();
-    AgentStatements = 0;
-}
-
 }  // namespace
 
 QString ConfigFilePath() {
@@ -431,16 +338,11 @@ QString ConfigFilePath() {
 }
 
 void SetDefaults() {
-    setSlotDefaults();
-    setWindowDefaults();
-    setClientAndOfficeDefaults();
-    setReportDefaults();
-    setPageDefaults();
-    setPrintEngineDefaults();
-    setAgentDefaults();
-    BackupWarning = 0;
-    TaxOfficesUpdate = true;
-    // DividendsUpdate is left alone: it keeps the value it started the run with.
+    for (const Setting& setting : settings()) {
+        if (setting.fallback) {
+            store(setting.target, setting.fallback());
+        }
+    }
 }
 
 void ReadConfiguration() {
