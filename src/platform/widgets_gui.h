@@ -2,8 +2,9 @@
 // Small helpers for building forms: every control carries the name the
 // program's routines and tests know it by, and long work shows the hourglass.
 
+#include "platform/wait_pointer.h"
+
 #include <QAbstractButton>
-#include <QApplication>
 #include <QBoxLayout>
 #include <QHBoxLayout>
 #include <QString>
@@ -37,14 +38,5 @@ inline void AddButtonRow(QBoxLayout* layout, std::initializer_list<QAbstractButt
         row->addWidget(button);
     }
 }
-
-// The hourglass for as long as the object lives.
-class WaitPointer {
-public:
-    WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitPointer() { QApplication::restoreOverrideCursor(); }
-    WaitPointer(const WaitPointer&) = delete;
-    WaitPointer& operator=(const WaitPointer&) = delete;
-};
 
 }  // namespace quillon

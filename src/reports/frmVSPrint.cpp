@@ -1,6 +1,7 @@
 #include "reports/frmVSPrint.h"
 
 #include "data/convert.h"
+#include "platform/widgets_gui.h"
 #include "reports/frmVSPrintDialog.h"
 #include "reports/vsprint.h"
 #include "shell/variables.h"
@@ -30,15 +31,13 @@ double TwipsPerPixel(const QWidget* widget) {
 }
 
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
+    auto* button = Named<QPushButton>(name, caption, parent);
     button->setAutoDefault(false);
     return button;
 }
 
 QComboBox* MakeList(const QString& name, const QStringList& items, QWidget* parent) {
-    auto* list = new QComboBox(parent);
-    list->setObjectName(name);
+    auto* list = Named<QComboBox>(name, parent);
     list->addItems(items);
     return list;
 }
@@ -49,10 +48,8 @@ frmVSPrint::frmVSPrint(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmVSPrint"));
     setWindowTitle(QStringLiteral("Print Preview"));
     setWindowFlags(windowFlags() | Qt::WindowMaximizeButtonHint | Qt::WindowMinimizeButtonHint);
-    vp = new PreviewView(VSDocumentControl(), this);
-    vp->setObjectName(QStringLiteral("vp"));
-    tmrLastPage = new QTimer(this);
-    tmrLastPage->setObjectName(QStringLiteral("tmrLastPage"));
+    vp = Named<PreviewView>(QStringLiteral("vp"), VSDocumentControl(), this);
+    tmrLastPage = Named<QTimer>(QStringLiteral("tmrLastPage"), this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildToolbar());
     layout->addWidget(vp, 1);
@@ -78,8 +75,7 @@ QWidget* frmVSPrint::BuildToolbar() {
     auto* bar = new QToolBar(this);
     cmdFirst = MakeButton(QStringLiteral("cmdFirst"), QStringLiteral("|<"), bar);
     cmdPrevious = MakeButton(QStringLiteral("cmdPrevious"), QStringLiteral("<"), bar);
-    lblPage = new QLabel(bar);
-    lblPage->setObjectName(QStringLiteral("lblPage"));
+    lblPage = Named<QLabel>(QStringLiteral("lblPage"), bar);
     lblPage->setMinimumWidth(90);
     lblPage->setAlignment(Qt::AlignCenter);
     cmdNext = MakeButton(QStringLiteral("cmdNext"), QStringLiteral(">"), bar);

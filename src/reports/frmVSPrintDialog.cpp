@@ -1,6 +1,7 @@
 #include "reports/frmVSPrintDialog.h"
 
 #include "platform/services.h"
+#include "platform/widgets_gui.h"
 #include "reports/frmVSPrint.h"
 #include "reports/key_filter_gui.h"
 #include "reports/vsprint.h"
@@ -25,8 +26,7 @@ constexpr int kAbandonAfterMs = 30000;
 constexpr int kReadyPollMs = 100;
 
 QRadioButton* MakeOption(const QString& name, const QString& caption, QWidget* parent) {
-    auto* option = new QRadioButton(caption, parent);
-    option->setObjectName(name);
+    auto* option = Named<QRadioButton>(name, caption, parent);
     return option;
 }
 
@@ -36,18 +36,14 @@ frmVSPrintDialog::frmVSPrintDialog(frmVSPrint& preview)
     : QDialog(&preview), preview_(preview), control_(preview.vp->control()) {
     setObjectName(QStringLiteral("frmVSPrintDialog"));
     setWindowTitle(control_.Device());
-    tmrAbandon = new QTimer(this);
-    tmrAbandon->setObjectName(QStringLiteral("tmrAbandon"));
+    tmrAbandon = Named<QTimer>(QStringLiteral("tmrAbandon"), this);
     tmrAbandon->setSingleShot(true);
-    txtCopies = new QLineEdit(QStringLiteral("1"), this);
-    txtCopies->setObjectName(QStringLiteral("txtCopies"));
+    txtCopies = Named<QLineEdit>(QStringLiteral("txtCopies"), QStringLiteral("1"), this);
     CharacterFilter::Install(txtCopies, QStringLiteral("123456789"));
     txtCopies->installEventFilter(this);
-    cmdPrint = new QPushButton(QStringLiteral("&Print"), this);
-    cmdPrint->setObjectName(QStringLiteral("cmdPrint"));
+    cmdPrint = Named<QPushButton>(QStringLiteral("cmdPrint"), QStringLiteral("&Print"), this);
     cmdPrint->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    cmdCancel = Named<QPushButton>(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"), this);
 
     auto* copies = new QFormLayout;
     copies->addRow(QStringLiteral("Copies"), txtCopies);
@@ -82,13 +78,11 @@ frmVSPrintDialog::frmVSPrintDialog(frmVSPrint& preview)
 }
 
 QGroupBox* frmVSPrintDialog::BuildRangeFrame() {
-    auto* frame = new QGroupBox(QStringLiteral("Print Range"), this);
-    frame->setObjectName(QStringLiteral("fraRange"));
+    auto* frame = Named<QGroupBox>(QStringLiteral("fraRange"), QStringLiteral("Print Range"), this);
     optRange[0] = MakeOption(QStringLiteral("optRange(0)"), QStringLiteral("All pages"), frame);
     optRange[1] = MakeOption(QStringLiteral("optRange(1)"), QStringLiteral("Current page"), frame);
     optRange[2] = MakeOption(QStringLiteral("optRange(2)"), QStringLiteral("Pages"), frame);
-    txtPageNumbers = new QLineEdit(frame);
-    txtPageNumbers->setObjectName(QStringLiteral("txtPageNumbers"));
+    txtPageNumbers = Named<QLineEdit>(QStringLiteral("txtPageNumbers"), frame);
     CharacterFilter::Install(txtPageNumbers, QStringLiteral("0123456789-,"));
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(optRange[0]);
@@ -101,8 +95,8 @@ QGroupBox* frmVSPrintDialog::BuildRangeFrame() {
 }
 
 QGroupBox* frmVSPrintDialog::BuildDuplexFrame() {
-    fraDuplex = new QGroupBox(QStringLiteral("Manual Duplex"), this);
-    fraDuplex->setObjectName(QStringLiteral("fraDuplex"));
+    fraDuplex =
+        Named<QGroupBox>(QStringLiteral("fraDuplex"), QStringLiteral("Manual Duplex"), this);
     optDuplex[0] =
         MakeOption(QStringLiteral("optDuplex(0)"), QStringLiteral("All pages"), fraDuplex);
     optDuplex[1] =

@@ -2,6 +2,7 @@
 
 #include "data/convert.h"
 #include "platform/services.h"
+#include "platform/widgets_gui.h"
 #include "reports/key_filter_gui.h"
 #include "reports/vsprint.h"
 #include "shell/variables.h"
@@ -40,8 +41,7 @@ const QString kArial = QStringLiteral("Arial");
 const QString kTimesNewRoman = QStringLiteral("Times New Roman");
 
 QRadioButton* MakeOption(const QString& name, const QString& caption, QWidget* parent) {
-    auto* option = new QRadioButton(caption, parent);
-    option->setObjectName(name);
+    auto* option = Named<QRadioButton>(name, caption, parent);
     return option;
 }
 
@@ -88,22 +88,21 @@ QString NumberText(double value) {
 frmVSPrintSettings::frmVSPrintSettings(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmVSPrintSettings"));
     setWindowTitle(QStringLiteral("Report Settings"));
-    tbsSettings = new QTabBar(this);
-    tbsSettings->setObjectName(QStringLiteral("tbsSettings"));
+    tbsSettings = Named<QTabBar>(QStringLiteral("tbsSettings"), this);
     for (const char* tab : {"Document", "Print", "Files", "Messages"}) {
         tbsSettings->addTab(QString::fromLatin1(tab));
     }
     panels = new QStackedWidget(this);
+    // picSettings(0) to picSettings(3), one a tab.
     picSettings = {BuildDocumentPanel(), BuildPrintPanel(), BuildFilesPanel(),
                    BuildMessagesPanel()};
     for (size_t i = 0; i < picSettings.size(); ++i) {
         picSettings[i]->setObjectName(QStringLiteral("picSettings(%1)").arg(i));
         panels->addWidget(picSettings[i]);
     }
-    cmdDefaults = new QPushButton(QStringLiteral("&Defaults"), this);
-    cmdDefaults->setObjectName(QStringLiteral("cmdDefaults"));
-    cmdClose = new QPushButton(QStringLiteral("&Close"), this);
-    cmdClose->setObjectName(QStringLiteral("cmdClose"));
+    cmdDefaults =
+        Named<QPushButton>(QStringLiteral("cmdDefaults"), QStringLiteral("&Defaults"), this);
+    cmdClose = Named<QPushButton>(QStringLiteral("cmdClose"), QStringLiteral("&Close"), this);
     cmdClose->setDefault(true);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -124,8 +123,7 @@ frmVSPrintSettings::frmVSPrintSettings(QWidget* parent) : QDialog(parent) {
 }
 
 QLineEdit* frmVSPrintSettings::MakeBox(const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
+    auto* box = Named<QLineEdit>(name, parent);
     return box;
 }
 
@@ -151,10 +149,9 @@ QGroupBox* frmVSPrintSettings::BuildPageSetup(QWidget* parent, QLineEdit** left,
 QWidget* frmVSPrintSettings::BuildPrintPanel() {
     auto* panel = new QWidget(this);
     QGroupBox* printer = MakeFrame(QStringLiteral("Printer"), panel);
-    cmbPrinter = new QComboBox(printer);
-    cmbPrinter->setObjectName(QStringLiteral("cmbPrinter"));
-    cmdSetup = new QPushButton(QStringLiteral("Printer &Setup"), printer);
-    cmdSetup->setObjectName(QStringLiteral("cmdSetup"));
+    cmbPrinter = Named<QComboBox>(QStringLiteral("cmbPrinter"), printer);
+    cmdSetup =
+        Named<QPushButton>(QStringLiteral("cmdSetup"), QStringLiteral("Printer &Setup"), printer);
     printer->layout()->addWidget(cmbPrinter);
     printer->layout()->addWidget(cmdSetup);
     auto* layout = new QVBoxLayout(panel);
@@ -204,8 +201,8 @@ QWidget* frmVSPrintSettings::BuildDocumentPanel() {
                     1, 1);
     auto* shading = new QGroupBox(QStringLiteral("Shading"), panel);
     auto* greys = new QFormLayout(shading);
-    chkShading = new QCheckBox(QStringLiteral("Use Shading"), shading);
-    chkShading->setObjectName(QStringLiteral("chkShading"));
+    chkShading =
+        Named<QCheckBox>(QStringLiteral("chkShading"), QStringLiteral("Use Shading"), shading);
     greys->addRow(chkShading);
     const std::array<std::pair<QLineEdit**, const char*>, 4> greyBoxes{{{&txtBlack, "Black"},
                                                                         {&txtDark, "Dark Grey"},
@@ -232,8 +229,8 @@ QWidget* frmVSPrintSettings::BuildDocumentPanel() {
     CharacterFilter::Install(txtAlignV, kFractionKeys);
     grid->addWidget(alignment, 2, 1);
     chkDuplexPadding =
-        new QCheckBox(QStringLiteral("Insert padding pages for duplex printing"), panel);
-    chkDuplexPadding->setObjectName(QStringLiteral("chkDuplexPadding"));
+        Named<QCheckBox>(QStringLiteral("chkDuplexPadding"),
+                         QStringLiteral("Insert padding pages for duplex printing"), panel);
     grid->addWidget(chkDuplexPadding, 3, 0, 1, 2);
     return panel;
 }
@@ -242,8 +239,8 @@ QWidget* frmVSPrintSettings::BuildMessagesPanel() {
     auto* panel = new QWidget(this);
     QGroupBox* opening = MakeFrame(QStringLiteral("Opening Client"), panel);
     Chkdefaultchildbenefit =
-        new QCheckBox(QStringLiteral("Disable Child Benefit information message"), opening);
-    Chkdefaultchildbenefit->setObjectName(QStringLiteral("Chkdefaultchildbenefit"));
+        Named<QCheckBox>(QStringLiteral("Chkdefaultchildbenefit"),
+                         QStringLiteral("Disable Child Benefit information message"), opening);
     opening->layout()->addWidget(Chkdefaultchildbenefit);
     auto* layout = new QVBoxLayout(panel);
     layout->addWidget(opening);

@@ -1,6 +1,7 @@
 #include "reports/printer_object.h"
 
 #include "platform/services.h"
+#include "platform/wait_pointer.h"
 #include "reports/print_backend.h"
 #include "reports/vsprint.h"
 
@@ -176,26 +177,10 @@ void PrintFooter(int page) {
     PrintCentred(QStringLiteral("Page ") + QString::number(page));
 }
 
-class BusyPointer {
-public:
-    BusyPointer() {
-        if (qGuiApp != nullptr) {
-            QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-        }
-    }
-    ~BusyPointer() {
-        if (qGuiApp != nullptr) {
-            QGuiApplication::restoreOverrideCursor();
-        }
-    }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-};
-
 }  // namespace
 
 bool PrintListReport(const QStringList& items, const QString& title, int mode) {
-    const BusyPointer busy;
+    const WaitPointer busy;
     Printer.setScaleMode(vbMillimeters);
     Printer.FontName = QStringLiteral("Times New Roman");
     Printer.FontSize = 12;
