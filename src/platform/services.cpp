@@ -1,5 +1,6 @@
 #include "platform/services.h"
 
+#include <QStringList>
 #include <QtGlobal>
 
 namespace quillon {
@@ -46,6 +47,19 @@ int EscapeAnswer(int style) {
     }
 }
 
+QString DialogFilter(const QString& pairs) {
+    const QStringList parts = pairs.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns =
+            QString(parts.at(i + 1)).replace(QLatin1Char(';'), QLatin1Char(' '));
+        const bool named = parts.at(i).contains(QLatin1Char('('));
+        filters << (named ? parts.at(i)
+                          : parts.at(i) + QStringLiteral(" (") + patterns + QLatin1Char(')'));
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
 int MsgBox(const QString& prompt, int style, const QString& title) {
     return Require(installed().messages, "message")
         .MsgBox(prompt, style, title.isEmpty() ? QStringLiteral("Quillon") : title);
@@ -53,6 +67,11 @@ int MsgBox(const QString& prompt, int style, const QString& title) {
 
 void Beep() {
     Require(installed().messages, "message").Beep();
+}
+
+QString SaveFileName(const QString& title, const QString& suggestedPath, const QString& filter) {
+    return Require(installed().fileDialogs, "file dialog")
+        .SaveFileName(title, suggestedPath, filter);
 }
 
 QDate Today() {

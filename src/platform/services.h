@@ -68,6 +68,11 @@ public:
     virtual QString FolderName(const QString& title, const QString& folder) = 0;
 };
 
+// A filter written as the program's screens have always written them,
+// "PDF files (*.pdf)|*.pdf": pairs of description and patterns, in the form the
+// file dialogs take.
+QString DialogFilter(const QString& pairs);
+
 class ClipboardService {
 public:
     virtual ~ClipboardService() = default;
@@ -120,6 +125,8 @@ Services InstallServices(const Services& services);
 // title uses the program's name.
 int MsgBox(const QString& prompt, int style = vbOKOnly, const QString& title = QString());
 void Beep();
+// The path chosen in a file dialog for saving, or empty when cancelled.
+QString SaveFileName(const QString& title, const QString& suggestedPath, const QString& filter);
 QDate Today();
 QDateTime Now();
 

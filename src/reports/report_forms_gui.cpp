@@ -1,5 +1,6 @@
 #include "reports/report_forms_gui.h"
 
+#include "reports/frmForm64_8.h"
 #include "reports/frmVSPrintSettings.h"
 
 namespace quillon {
@@ -7,6 +8,7 @@ namespace quillon {
 std::span<const FormRow> ReportForms() {
     static const FormRow forms[] = {
         DialogForm<frmVSPrintSettings>(),
+        DialogForm<frmForm64_8>(),
     };
     return forms;
 }

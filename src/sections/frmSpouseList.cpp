@@ -3,6 +3,7 @@
 #include "data/client_rows.h"
 #include "data/data_access.h"
 #include "platform/dao.h"
+#include "platform/letter_buttons_gui.h"
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
 #include "sections/frmPersonal.h"
@@ -24,7 +25,6 @@ namespace {
 const QString kListSeparator = QStringLiteral(", ");
 const QString kFirstNames = QStringLiteral("First Names");
 const QString kLastName = QStringLiteral("Last Name");
-constexpr int kLettersPerRow = 13;
 
 QString ListText(const QString& first, const QString& last) {
     return last + kListSeparator + first;
@@ -42,16 +42,8 @@ frmSpouseList::frmSpouseList(QWidget* parent) : QDialog(parent) {
     setObjectName(QString::fromLatin1(kFormName));
     setWindowTitle(QStringLiteral("Select Spouse"));
     lstClients = Named<QListWidget>(QStringLiteral("lstClients"), this);
-    auto* letters = new QGridLayout;
-    letters->setSpacing(1);
-    for (int i = 0; i < kLetters; ++i) {
-        const QString letter(QChar(u'A' + i));
-        cm3Seek[i] = Named<QPushButton>(QStringLiteral("cm3Seek(%1)").arg(i), letter, this);
-        cm3Seek[i]->setFixedWidth(
-            cm3Seek[i]->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 8);
-        letters->addWidget(cm3Seek[i], i / kLettersPerRow, i % kLettersPerRow);
-        connect(cm3Seek[i], &QPushButton::clicked, this, [this, i] { cm3Seek_Click(i); });
-    }
+    QGridLayout* letters = MakeLetterButtons(this, QStringLiteral("cm3Seek"), cm3Seek,
+                                             [this](int i) { cm3Seek_Click(i); });
     cm3OK = Named<QPushButton>(QStringLiteral("cm3OK"), tr("OK"), this);
     cm3OK->setEnabled(false);
     cm3OK->setDefault(true);
@@ -93,15 +85,13 @@ void frmSpouseList::Form_Load() {
 
 void frmSpouseList::cm3Seek_Click(int index) {
     const QChar letter(u'A' + index);
-    for (int row = 0; row < lstClients->count(); ++row) {
-        const QString text = lstClients->item(row)->text();
-        if (!text.isEmpty() && text.at(0).toUpper() == letter) {
-            lstClients->setCurrentRow(row);
-            lstClients_Click();
-            return;
-        }
+    const int row = FirstEntryBeginningWith(lstClients, letter);
+    if (row < 0) {
+        MsgBox(QStringLiteral("No client name beginning with ") + letter, vbExclamation);
+        return;
     }
-    MsgBox(QStringLiteral("No client name beginning with ") + letter, vbExclamation);
+    lstClients->setCurrentRow(row);
+    lstClients_Click();
 }
 
 void frmSpouseList::lstClients_Click() {

@@ -4,9 +4,9 @@
 // into the partner's own spouse fields: a mirrored copy, not a reference, so
 // nothing keeps the two rows in step afterwards.
 
-#include <QDialog>
+#include "platform/letter_buttons_gui.h"
 
-#include <array>
+#include <QDialog>
 
 class QListWidget;
 class QPushButton;
@@ -18,13 +18,12 @@ class frmSpouseList : public QDialog {
 
 public:
     static constexpr const char* kFormName = "frmSpouseList";
-    static constexpr int kLetters = 26;
 
     explicit frmSpouseList(QWidget* parent = nullptr);
 
     QListWidget* lstClients = nullptr;
     // cm3Seek(0) to cm3Seek(25): "A" to "Z".
-    std::array<QPushButton*, kLetters> cm3Seek{};
+    LetterButtons cm3Seek{};
     QPushButton* cm3OK = nullptr;
     QPushButton* cm3Cancel = nullptr;
 

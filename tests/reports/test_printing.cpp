@@ -14,6 +14,7 @@
 #include "shell/variables.h"
 #include "support/print_fakes.h"
 #include "support/program_folder_copy.h"
+#include "support/report_reading.h"
 #include "support/shell_testing.h"
 
 #include <QCheckBox>
@@ -22,10 +23,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -34,43 +33,11 @@
 #include <QtTest>
 
 using namespace quillon;
+using testing::Operations;
+using testing::Rendered;
+using testing::Words;
 
 namespace {
-
-// One line for each operation on the page: its kind, points in twips, then its
-// text, pen, fill or font.
-QStringList Operations(const ReportPage& page) {
-    const auto at = [](QPointF p) { return QString::asprintf(" %.2f,%.2f", p.x(), p.y()); };
-    const auto pen = [](const ReportPen& p) {
-        return QString::asprintf(" pen %.2f ", p.width) + ToQColor(p.colour).name();
-    };
-    const auto fill = [](ReportColour colour) { return " fill " + ToQColor(colour).name(); };
-    const auto font = [](const QFont& f) {
-        return QStringLiteral(" %1 %2%3%4")
-            .arg(f.family())
-            .arg(f.pixelSize())
-            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "");
-    };
-    QStringList lines;
-    for (const DrawOp& op : page.ops) {
-        if (const auto* o = std::get_if<LineOp>(&op)) {
-            lines << "line" + at(o->from) + at(o->to) + pen(o->pen);
-        } else if (const auto* o = std::get_if<RectangleOp>(&op)) {
-            lines << "box" + at(o->rect.topLeft()) + at(o->rect.bottomRight()) + pen(o->pen) +
-                         (o->filled ? fill(o->fill) : QString());
-        } else if (const auto* o = std::get_if<CircleOp>(&op)) {
-            lines << "disc" + at(o->centre) + QString::asprintf(" r %.2f", o->radius) +
-                         pen(o->pen) + fill(o->fill);
-        } else if (const auto* o = std::get_if<TextOp>(&op)) {
-            lines << "text" + at(o->topLeft) + " \"" + o->text + '"' + font(o->font) +
-                         fill(o->colour);
-        } else if (const auto* o = std::get_if<TextBoxOp>(&op)) {
-            lines << "textbox" + at(o->rect.topLeft()) + at(o->rect.bottomRight()) + " \"" +
-                         o->text + '"' + font(o->font) + fill(o->colour);
-        }
-    }
-    return lines;
-}
 
 // Every drawing routine once.
 void DrawSample() {
@@ -95,29 +62,6 @@ void DrawSample() {
     VSDrawTick(100, 100);
     UnderlineText = true;
     VSTextAt(10, 80, QStringLiteral("Underlined"));
-}
-
-// The words of a PDF file as poppler reads them, boxes in mm from the corner.
-QMultiMap<QString, QRectF> Words(const QString& pdf) {
-    QProcess text;
-    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
-    text.waitForFinished();
-    static const QRegularExpression word(QStringLiteral(
-        R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<)re"));
-    QMultiMap<QString, QRectF> words;
-    for (auto it = word.globalMatch(QString::fromUtf8(text.readAllStandardOutput()));
-         it.hasNext();) {
-        const auto m = it.next();
-        const auto mm = [&m](int i) { return m.captured(i).toDouble() * 25.4 / 72; };
-        words.insert(m.captured(5), QRectF(QPointF(mm(1), mm(2)), QPointF(mm(3), mm(4))));
-    }
-    return words;
-}
-
-// The greys of a PDF file's page rendered at 254 dpi, where a pixel is 0.1 mm.
-QImage Rendered(const QString& pdf) {
-    QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "254", "-gray", "-singlefile", pdf, pdf});
-    return QImage(pdf + QStringLiteral(".pgm"));
 }
 
 struct PrintedText {

@@ -1,0 +1,69 @@
+#include "support/report_reading.h"
+
+#include <QColor>
+#include <QFont>
+#include <QProcess>
+#include <QRegularExpression>
+
+namespace quillon::testing {
+
+QStringList Operations(const ReportPage& page) {
+    const auto at = [](QPointF p) { return QString::asprintf(" %.2f,%.2f", p.x(), p.y()); };
+    const auto pen = [](const ReportPen& p) {
+        return QString::asprintf(" pen %.2f ", p.width) + ToQColor(p.colour).name();
+    };
+    const auto fill = [](ReportColour colour) { return " fill " + ToQColor(colour).name(); };
+    const auto font = [](const QFont& f) {
+        return QStringLiteral(" %1 %2%3%4")
+            .arg(f.family())
+            .arg(f.pixelSize())
+            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "");
+    };
+    QStringList lines;
+    for (const DrawOp& op : page.ops) {
+        if (const auto* o = std::get_if<LineOp>(&op)) {
+            lines << "line" + at(o->from) + at(o->to) + pen(o->pen);
+        } else if (const auto* o = std::get_if<RectangleOp>(&op)) {
+            lines << "box" + at(o->rect.topLeft()) + at(o->rect.bottomRight()) + pen(o->pen) +
+                         (o->filled ? fill(o->fill) : QString());
+        } else if (const auto* o = std::get_if<CircleOp>(&op)) {
+            lines << "disc" + at(o->centre) + QString::asprintf(" r %.2f", o->radius) +
+                         pen(o->pen) + fill(o->fill);
+        } else if (const auto* o = std::get_if<TextOp>(&op)) {
+            lines << "text" + at(o->topLeft) + " \"" + o->text + '"' + font(o->font) +
+                         fill(o->colour);
+        } else if (const auto* o = std::get_if<TextBoxOp>(&op)) {
+            lines << "textbox" + at(o->rect.topLeft()) + at(o->rect.bottomRight()) + " \"" +
+                         o->text + '"' + font(o->font) + fill(o->colour);
+        }
+    }
+    return lines;
+}
+
+QMultiMap<QString, QRectF> Words(const QString& pdf, int page) {
+    QProcess text;
+    const QString number = QString::number(page);
+    text.start(QStringLiteral("pdftotext"),
+               {QStringLiteral("-bbox"), QStringLiteral("-f"), number, QStringLiteral("-l"), number,
+                pdf, QStringLiteral("-")});
+    text.waitForFinished();
+    static const QRegularExpression word(QStringLiteral(
+        R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<)re"));
+    QMultiMap<QString, QRectF> words;
+    for (auto it = word.globalMatch(QString::fromUtf8(text.readAllStandardOutput()));
+         it.hasNext();) {
+        const auto m = it.next();
+        const auto mm = [&m](int i) { return m.captured(i).toDouble() * 25.4 / 72; };
+        words.insert(m.captured(5).replace(QStringLiteral("&amp;"), QStringLiteral("&")),
+                     QRectF(QPointF(mm(1), mm(2)), QPointF(mm(3), mm(4))));
+    }
+    return words;
+}
+
+QImage Rendered(const QString& pdf) {
+    QProcess::execute(QStringLiteral("pdftoppm"),
+                      {"-r", "254", "-gray", "-singlefile", "-f", "1", "-l", "1", pdf, pdf});
+    return QImage(pdf + QStringLiteral(".pgm"));
+}
+
+}  // namespace quillon::testing
