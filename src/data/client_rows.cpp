@@ -43,6 +43,10 @@ dao::Database OpenClientDatabase() {
     return dao::OpenDatabase(PathOnDisk(ClientDatabasePath()));
 }
 
+dao::Database OpenOfficeDatabase() {
+    return dao::OpenDatabase(PathOnDisk(OfficeDatabasePath()));
+}
+
 bool ReadClientRow(const Routine& routine, const QString& table, const ClientName& client,
                    const RowReader& read) {
     return Reported(routine, [&] {

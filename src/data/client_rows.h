@@ -30,6 +30,8 @@ using RowChange = std::function<void(dao::Recordset&)>;
 
 // The client database of the selected slot, its path matched on disk.
 dao::Database OpenClientDatabase();
+// The tax offices file beside it.
+dao::Database OpenOfficeDatabase();
 
 // Finds the client's row of `table` and hands it to `read`. False when the row
 // is missing (the user has been told) or the read failed (reported).

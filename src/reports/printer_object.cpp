@@ -150,6 +150,12 @@ bool PrinterObject::EndDoc() {
     return sent;
 }
 
+void PrinterObject::KillDoc() {
+    document_.Clear();
+    x_ = 0;
+    y_ = 0;
+}
+
 namespace {
 
 constexpr double kTitleY = 20;

@@ -56,6 +56,8 @@ public:
     // Sends the pages to the printer and starts afresh. False when the printer
     // refused them; `LastError` says why.
     bool EndDoc();
+    // Drops the pages not yet sent, as when a report is abandoned.
+    void KillDoc();
     QString LastError;
     // The pages not yet sent.
     const PageDocument& Document() const { return document_; }

@@ -2,6 +2,7 @@
 #include "shell/main_gui.h"
 
 #include "clients/client_forms_gui.h"
+#include "correspondence/correspondence_forms_gui.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
 #include "reports/print_backend_gui.h"
@@ -92,7 +93,8 @@ void noteEnvironment() {
 
 void RegisterProgramForms() {
     initShellResources();
-    for (const auto forms : {ShellForms(), ClientForms(), SectionForms(), ReportForms()}) {
+    for (const auto forms :
+         {ShellForms(), ClientForms(), SectionForms(), ReportForms(), CorrespondenceForms()}) {
         RegisterForms(forms);
     }
 }

@@ -9,4 +9,9 @@ QString ClientDatabasePath() {
                                     QStringLiteral("/QUILL020.MDB"));
 }
 
+QString OfficeDatabasePath() {
+    return QDir::toNativeSeparators(DatabaseFolder.at(SelectedFile) +
+                                    QStringLiteral("/TAXOFF2.MDB"));
+}
+
 }  // namespace quillon

@@ -61,5 +61,7 @@ inline qint16 BackupWarning{};  // BACKUP WARNING
 // The file of the client database of the selected slot: QUILL020.MDB in
 // DatabaseFolder(SelectedFile).
 QString ClientDatabasePath();
+// The tax offices file TAXOFF2.MDB beside it.
+QString OfficeDatabasePath();
 
 }  // namespace quillon

@@ -151,11 +151,9 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",        "frmBackup",       "frmBusiness",
-    "frmClientLabels",   "frmClientLetter",  "frmClientMerge",  "frmClientRecords",
-    "frmCompact",        "frmContributions", "frmDiary",        "frmDividends",
-    "frmEmployment",     "frmImportWarning", "frmOfficeLabels", "frmOfficeLetter",
-    "frmOfficeMerge",    "frmOffices",       "frmRepair",
+    "frmAdministration", "frmAssets",        "frmBackup",        "frmBusiness", "frmClientLetter",
+    "frmClientRecords",  "frmCompact",       "frmContributions", "frmDiary",    "frmDividends",
+    "frmEmployment",     "frmImportWarning", "frmOfficeLetter",  "frmOffices",  "frmRepair",
 };
 QStringList unregisteredForms;
 

@@ -1,0 +1,34 @@
+#include "correspondence/client_row_set.h"
+
+#include "data/data_access.h"
+
+namespace quillon {
+
+ClientRowSet::ClientRowSet(dao::Database& db, const QStringList& tables) {
+    for (const QString& table : QStringList{QStringLiteral("Clients")} + tables) {
+        rows_.push_back(db.OpenRecordset(table, dao::dbOpenTable));
+        rows_.back().SetIndex(QStringLiteral("Name"));
+    }
+}
+
+bool ClientRowSet::Seek(const ClientName& client) {
+    for (dao::Recordset& row : rows_) {
+        row.Seek(QStringLiteral("="), {client.last, client.first});
+    }
+    return !rows_.front().NoMatch();
+}
+
+QVariant ClientRowSet::Value(const QString& table, const QString& field) const {
+    for (const dao::Recordset& row : rows_) {
+        if (row.Name().compare(table, Qt::CaseInsensitive) == 0) {
+            return row.NoMatch() ? QVariant() : row.Fields(field).Value();
+        }
+    }
+    return {};
+}
+
+QString ClientRowSet::Text(const QString& table, const QString& field) const {
+    return NullToEmpty(Value(table, field));
+}
+
+}  // namespace quillon

@@ -1,0 +1,29 @@
+#pragma once
+// The rows of one client in a few tables, each found by name in one open
+// database; a row that is not there reads as Null.
+
+#include "data/client_rows.h"
+#include "platform/dao.h"
+
+#include <QStringList>
+#include <QVariant>
+
+#include <vector>
+
+namespace quillon {
+
+class ClientRowSet {
+public:
+    // `tables` after "Clients", which decides whether a client is there.
+    ClientRowSet(dao::Database& db, const QStringList& tables);
+    // False when the client is not in `Clients`.
+    bool Seek(const ClientName& client);
+    QVariant Value(const QString& table, const QString& field) const;
+    // The field's text, empty for Null.
+    QString Text(const QString& table, const QString& field) const;
+
+private:
+    std::vector<dao::Recordset> rows_;
+};
+
+}  // namespace quillon
