@@ -22,6 +22,10 @@ inline std::array<QString, kStandardLetters> TaxOfficeLetterFile;  // TAX OFFICE
 inline QString WordFolder;                                         // WORD FOLDER
 inline QString WPFolder;                                           // WP FOLDER
 
+// Which list of standard letters the letter screens open: 1 the client
+// letters, 2 the tax office letters. Held for the run only.
+inline qint16 LetterKind = 1;
+
 // Which address labels, letters and merges take.
 inline qint16 AddressForLabels{};  // ADDRESS FOR LABELS
 inline qint16 AddressForLetter{};  // ADDRESS FOR LETTER

@@ -1,7 +1,7 @@
 #include "correspondence/frmClientLabels.h"
 
 #include "correspondence/correspondence_state.h"
-#include "correspondence/frmClientMerge.h"
+#include "correspondence/list_entries.h"
 
 namespace quillon {
 

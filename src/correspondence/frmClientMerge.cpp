@@ -1,7 +1,7 @@
 #include "correspondence/frmClientMerge.h"
 
 #include "correspondence/correspondence_state.h"
-#include "data/client_rows.h"
+#include "correspondence/list_entries.h"
 
 namespace quillon {
 
@@ -22,18 +22,6 @@ const PickerTexts kTexts{
 };
 
 }  // namespace
-
-QStringList ClientEntries() {
-    dao::Database db = OpenClientDatabase();
-    dao::Recordset clients = db.OpenRecordset(QStringLiteral("Clients"), dao::dbOpenTable);
-    clients.SetIndex(QStringLiteral("Name"));
-    QStringList entries;
-    for (clients.MoveFirst(); !clients.IsEOF(); clients.MoveNext()) {
-        entries << NullToEmpty(clients.Fields(QStringLiteral("Last Name"))) + QStringLiteral(", ") +
-                       NullToEmpty(clients.Fields(QStringLiteral("First Names")));
-    }
-    return entries;
-}
 
 // The title of a failed merge has always been the letter screen's.
 frmClientMerge::frmClientMerge(QWidget* parent) : MergePicker(kTexts, "Client Letter", parent) {

@@ -22,7 +22,4 @@ protected:
     bool LowerCaseFile() const override { return true; }
 };
 
-// Every client of the client database in name order, as the pickers list them.
-QStringList ClientEntries();
-
 }  // namespace quillon

@@ -1,6 +1,6 @@
 #include "correspondence/frmOfficeLabels.h"
 
-#include "correspondence/frmOfficeMerge.h"
+#include "correspondence/list_entries.h"
 
 namespace quillon {
 

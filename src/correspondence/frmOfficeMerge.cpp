@@ -1,7 +1,6 @@
 #include "correspondence/frmOfficeMerge.h"
 
 #include "correspondence/list_entries.h"
-#include "data/client_rows.h"
 
 namespace quillon {
 
@@ -22,18 +21,6 @@ const PickerTexts kTexts{
 };
 
 }  // namespace
-
-QStringList OfficeEntries() {
-    dao::Database db = OpenOfficeDatabase();
-    dao::Recordset offices = db.OpenRecordset(QStringLiteral("Tax Offices"), dao::dbOpenTable);
-    offices.SetIndex(QStringLiteral("Office Name"));
-    QStringList entries;
-    for (offices.MoveFirst(); !offices.IsEOF(); offices.MoveNext()) {
-        entries << OfficeEntry(NullToEmpty(offices.Fields(QStringLiteral("Name"))),
-                               NullToEmpty(offices.Fields(QStringLiteral("Number"))));
-    }
-    return entries;
-}
 
 frmOfficeMerge::frmOfficeMerge(QWidget* parent) : MergePicker(kTexts, "Tax Offices Merge", parent) {
     lstOffices = List();

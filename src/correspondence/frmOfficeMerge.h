@@ -20,7 +20,4 @@ protected:
                     const MergeProgress& progress) override;
 };
 
-// Every tax office in name order, as the pickers list them.
-QStringList OfficeEntries();
-
 }  // namespace quillon

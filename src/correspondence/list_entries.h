@@ -6,6 +6,7 @@
 #include "data/client_rows.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace quillon {
 
@@ -20,5 +21,10 @@ QString OfficeEntry(const QString& name, const QString& number);
 // The office of an entry: the name is all but the last six characters, the
 // number the three before the closing bracket.
 OfficeKey OfficeOfEntry(const QString& entry);
+
+// Every client of the client database's table `table` in name order.
+QStringList ClientEntries(const QString& table = QStringLiteral("Clients"));
+// Every tax office in name order.
+QStringList OfficeEntries();
 
 }  // namespace quillon

@@ -1,5 +1,6 @@
 #include "correspondence/name_picker_gui.h"
 
+#include "correspondence/address_choice_gui.h"
 #include "data/data_access.h"
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
@@ -55,17 +56,7 @@ void NamePicker::AddCommand(QPushButton* command) {
 }
 
 void NamePicker::AddAddressChoice(qint16& setting) {
-    auto* frame = Named<QGroupBox>(QStringLiteral("fraAddress"), tr("Address"), this);
-    auto* row = new QHBoxLayout(frame);
-    const QString captions[] = {tr("Personal"), tr("Business")};
-    for (int i = 0; i < 2; ++i) {
-        auto* option =
-            Named<QRadioButton>(QStringLiteral("optAddress(%1)").arg(i), captions[i], frame);
-        option->setChecked(setting == i);
-        row->addWidget(option);
-        connect(option, &QRadioButton::clicked, this, [&setting, i] { setting = qint16(i); });
-    }
-    options_->addWidget(frame);
+    options_->addWidget(MakeAddressChoice(this, setting));
 }
 
 void NamePicker::ReportFailure(const QString& procedure, const ErrorDetails& error,

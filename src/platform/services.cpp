@@ -69,6 +69,10 @@ void Beep() {
     Require(installed().messages, "message").Beep();
 }
 
+QString OpenFileName(const QString& title, const QString& folder, const QString& filter) {
+    return Require(installed().fileDialogs, "file dialog").OpenFileName(title, folder, filter);
+}
+
 QString SaveFileName(const QString& title, const QString& suggestedPath, const QString& filter) {
     return Require(installed().fileDialogs, "file dialog")
         .SaveFileName(title, suggestedPath, filter);

@@ -125,6 +125,8 @@ Services InstallServices(const Services& services);
 // title uses the program's name.
 int MsgBox(const QString& prompt, int style = vbOKOnly, const QString& title = QString());
 void Beep();
+// The path chosen in a file dialog for opening, or empty when cancelled.
+QString OpenFileName(const QString& title, const QString& folder, const QString& filter);
 // The path chosen in a file dialog for saving, or empty when cancelled.
 QString SaveFileName(const QString& title, const QString& suggestedPath, const QString& filter);
 QDate Today();

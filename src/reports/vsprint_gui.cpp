@@ -1,5 +1,6 @@
 #include "reports/vsprint_gui.h"
 
+#include "correspondence/external_programs.h"
 #include "platform/services.h"
 #include "reports/frmVSPrint.h"
 #include "reports/printer_object.h"
@@ -20,12 +21,7 @@ void OpenPreviewPdf() {
     QDir().mkpath(QFileInfo(path).absolutePath());
     VSConvertToPDF(path);
     QCoreApplication::processEvents();
-    ProgramService* programs = CurrentServices().programs;
-    if (programs == nullptr || !programs->OpenDocument(path)) {
-        MsgBox(QStringLiteral("The file ") + QDir::toNativeSeparators(path) +
-                   QStringLiteral(" cannot be opened."),
-               vbCritical);
-    }
+    OpenDocumentOrTell(QDir::toNativeSeparators(path));
 }
 
 }  // namespace

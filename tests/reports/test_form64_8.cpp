@@ -70,8 +70,7 @@ void Step(frmForm64_8& form, const QString& step) {
     if (step.startsWith(QLatin1String("pick:"))) {
         Pick(form, step.mid(5));
     } else if (step.startsWith(QLatin1String("tick:"))) {
-        QCheckBox* tick = form.Tick(step.mid(5));
-        QTest::mouseClick(tick, Qt::LeftButton, {}, QPoint(6, tick->height() / 2));
+        Click(form.Tick(step.mid(5)));
     } else {
         const qsizetype equals = step.indexOf(QLatin1Char('='));
         TypeInto(form.Box(step.left(equals)), step.mid(equals + 1));

@@ -14,10 +14,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QRadioButton>
 #include <QtTest>
 
 namespace quillon::testing {
@@ -155,7 +157,10 @@ frmPersonal* OpenPersonal() {
 }
 
 void Click(QWidget* widget) {
-    QTest::mouseClick(widget, Qt::LeftButton, {}, widget->rect().center());
+    // A tick or option is hit on its box, which a wide one has at its left.
+    const bool box = qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget);
+    const QPoint at = box ? QPoint(6, widget->height() / 2) : widget->rect().center();
+    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
 }
 
 }  // namespace quillon::testing

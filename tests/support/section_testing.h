@@ -64,7 +64,8 @@ void Trigger(const QString& command);
 SectionScreen* OpenSection(const QString& command);
 // The personal section, opened from the main window as a user would.
 frmPersonal* OpenPersonal();
-// A click with the mouse, as a user makes it, at the middle of `widget`.
+// A click with the mouse, as a user makes it, at the middle of `widget`, or
+// on the box of a tick or option.
 void Click(QWidget* widget);
 
 // Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
