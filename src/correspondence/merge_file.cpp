@@ -8,6 +8,7 @@
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "shell/program_folder.h"
+#include "shell/variables.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,6 +19,7 @@ namespace quillon {
 
 namespace {
 
+constexpr int kClientsPerRead = 200;
 const QString kMonths = QStringLiteral("JanFebMarAprMayJunJulAugSepOctNovDec");
 
 // A field of the merge: its header name, the table it comes from and the field.
@@ -164,9 +166,17 @@ void WriteClientMerge(const QString& path, const QStringList& entries, ClientMer
                       const MergeOptions& options, const MergeProgress& progress) {
     MergeWriter writer(path, options);
     writer.Write(ClientMergeHeader(layout));
-    dao::Database db = OpenClientDatabase();
+    // Read only, in short read transactions: a client is read whole, and the
+    // file is never held from other workstations for more than a moment.
+    dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()), false, true);
     ClientRowSet rows(db, kClientMergeTables);
     for (qsizetype i = 0; i < entries.size(); ++i) {
+        if (i % kClientsPerRead == 0) {
+            if (i > 0) {
+                db.CommitTrans();
+            }
+            db.BeginTrans();
+        }
         if (progress) {
             progress(int(i) + 1);
         }
@@ -180,6 +190,9 @@ void WriteClientMerge(const QString& path, const QStringList& entries, ClientMer
             }
         }
         writer.Write(values);
+    }
+    if (!entries.isEmpty()) {
+        db.CommitTrans();
     }
 }
 

@@ -180,6 +180,19 @@ private Q_SLOTS:
         QCOMPARE(bytes, ReferenceLines(reference, bytes));
     }
 
+    // A list longer than one read of the database is written whole.
+    void aLongListIsWrittenWhole() {
+        QListWidget list;
+        for (int i = 0; i < 450; ++i) {
+            list.addItem(i % 2 ? QStringLiteral("Lovell, Ada") : QStringLiteral("Nash, Cora"));
+        }
+        desktop_.services.messages.Answer(vbOK);
+        MergeFile(list);
+        const QStringList lines = Visible(PathOnDisk(MergeFilePath()));
+        QCOMPARE(lines.size(), 452);  // the header, 450 clients and the empty end
+        QVERIFY(lines.at(450).contains("Ada") && lines.at(449).contains("Cora"));
+    }
+
     // Anything but OK writes nothing.
     void aCancelledMergeWritesNothing() {
         auto form = Open<frmClientMerge>();
