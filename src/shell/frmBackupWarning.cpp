@@ -74,8 +74,7 @@ void frmBackupWarning::addChoice(QGridLayout* grid, QPushButton*& button, const 
 
 // clang-format off
 // Kept whole so that each sentence can be found as the user reads it.
-const char* const kRetainText = "You should retain several backup copies of this file (e.g. one for each day in the past week)";
-const char* const kRecoverText = " so that you can recover a known 'good' version if this file ever becomes corrupt.";
+const char* const kRetainText = "You should retain several backup copies of this file (e.g. one for each day in the past week) so that you can recover a known 'good' version if this file ever becomes corrupt.";
 // clang-format on
 
 QString frmBackupWarning::WarningText() {
@@ -84,7 +83,7 @@ QString frmBackupWarning::WarningText() {
            ClientDatabasePath() + gap +
            QStringLiteral("You must back up this file regularly; daily if possible.") + gap +
            QStringLiteral("Now is a good time to make a backup copy of this file.") + gap +
-           QString::fromLatin1(kRetainText) + QString::fromLatin1(kRecoverText) + gap +
+           QString::fromLatin1(kRetainText) + gap +
            QStringLiteral("Please select one of the following:");
 }
 

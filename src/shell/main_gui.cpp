@@ -3,6 +3,7 @@
 
 #include "clients/client_forms_gui.h"
 #include "correspondence/correspondence_forms_gui.h"
+#include "maintenance/maintenance_forms_gui.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
 #include "reports/print_backend_gui.h"
@@ -93,8 +94,8 @@ void noteEnvironment() {
 
 void RegisterProgramForms() {
     initShellResources();
-    for (const auto forms :
-         {ShellForms(), ClientForms(), SectionForms(), ReportForms(), CorrespondenceForms()}) {
+    for (const auto forms : {ShellForms(), ClientForms(), SectionForms(), ReportForms(),
+                             CorrespondenceForms(), MaintenanceForms()}) {
         RegisterForms(forms);
     }
 }

@@ -151,9 +151,9 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",        "frmBackup", "frmBusiness",  "frmClientRecords",
-    "frmCompact",        "frmContributions", "frmDiary",  "frmDividends", "frmEmployment",
-    "frmImportWarning",  "frmOffices",       "frmRepair",
+    "frmAdministration", "frmAssets",        "frmBusiness", "frmClientRecords",
+    "frmCompact",        "frmContributions", "frmDiary",    "frmDividends",
+    "frmEmployment",     "frmImportWarning", "frmOffices",  "frmRepair",
 };
 QStringList unregisteredForms;
 
