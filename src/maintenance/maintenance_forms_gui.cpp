@@ -1,12 +1,15 @@
 #include "maintenance/maintenance_forms_gui.h"
 
 #include "maintenance/frmBackup.h"
+#include "maintenance/frmCompactWait.h"
+#include "maintenance/frmRepairWait.h"
 
 namespace quillon {
 
 std::span<const FormRow> MaintenanceForms() {
     static const FormRow forms[] = {
-        DialogForm<frmBackup>(),
+        DialogForm<frmBackup>(), DialogForm<frmCompact>(),    DialogForm<frmCompactWait>(),
+        DialogForm<frmRepair>(), DialogForm<frmRepairWait>(),
     };
     return forms;
 }

@@ -6,7 +6,10 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
 #include <QString>
 #include <QWidget>
 
@@ -37,6 +40,22 @@ inline void AddButtonRow(QBoxLayout* layout, std::initializer_list<QAbstractButt
     for (QAbstractButton* button : buttons) {
         row->addWidget(button);
     }
+}
+
+// A new row of `grid`: the button `name` with its caption, and beside it the
+// text that tells what it does.
+inline QPushButton* AddChoiceRow(QGridLayout* grid, QWidget* form, const char* name,
+                                 const QString& caption, const QString& explanation) {
+    constexpr int kChoiceButtonWidth = 110;
+    const int row = grid->rowCount();
+    auto* button = Named<QPushButton>(QString::fromLatin1(name), caption, form);
+    button->setFixedWidth(kChoiceButtonWidth);
+    auto* text = new QLabel(explanation, form);
+    text->setWordWrap(true);
+    text->setBuddy(button);
+    grid->addWidget(button, row, 0);
+    grid->addWidget(text, row, 1);
+    return button;
 }
 
 }  // namespace quillon

@@ -43,12 +43,13 @@ frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
     auto* choices = new QGridLayout;
     choices->setColumnStretch(1, 1);
     layout->addLayout(choices);
-    addChoice(choices, cmdBackup, "cmdBackup", QStringLiteral("Backup"),
-              QStringLiteral("Make a backup copy of your client database now."));
-    addChoice(choices, cmdContinue, "cmdContinue", QStringLiteral("Continue"),
-              QStringLiteral("Start Quillon without making a backup."));
-    addChoice(choices, cmdExit, "cmdExit", QStringLiteral("Exit"),
-              QStringLiteral("Exit from Quillon and use your backup software to make a backup."));
+    cmdBackup = AddChoiceRow(choices, this, "cmdBackup", QStringLiteral("Backup"),
+                             QStringLiteral("Make a backup copy of your client database now."));
+    cmdContinue = AddChoiceRow(choices, this, "cmdContinue", QStringLiteral("Continue"),
+                               QStringLiteral("Start Quillon without making a backup."));
+    cmdExit = AddChoiceRow(
+        choices, this, "cmdExit", QStringLiteral("Exit"),
+        QStringLiteral("Exit from Quillon and use your backup software to make a backup."));
     chkDisable = Named<QCheckBox>(QStringLiteral("chkDisable"),
                                   QStringLiteral("Don't show this warning again"), this);
     layout->addWidget(chkDisable);
@@ -58,18 +59,6 @@ frmBackupWarning::frmBackupWarning(QWidget* parent) : QDialog(parent) {
     connect(cmdExit, &QPushButton::clicked, this, &frmBackupWarning::cmdExit_Click);
     cmdContinue->setDefault(true);
     Form_Load();
-}
-
-void frmBackupWarning::addChoice(QGridLayout* grid, QPushButton*& button, const char* name,
-                                 const QString& caption, const QString& explanation) {
-    const int row = grid->rowCount();
-    button = Named<QPushButton>(QString::fromLatin1(name), caption, this);
-    button->setFixedWidth(110);
-    auto* text = new QLabel(explanation, this);
-    text->setWordWrap(true);
-    text->setBuddy(button);
-    grid->addWidget(button, row, 0);
-    grid->addWidget(text, row, 1);
 }
 
 // clang-format off

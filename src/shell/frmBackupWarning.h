@@ -32,8 +32,6 @@ public:
 
 private:
     void Form_Load();
-    void addChoice(QGridLayout* grid, QPushButton*& button, const char* name,
-                   const QString& caption, const QString& explanation);
     void storeChoice();
     void unloadMe();
 };

@@ -151,9 +151,8 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",        "frmBusiness", "frmClientRecords",
-    "frmCompact",        "frmContributions", "frmDiary",    "frmDividends",
-    "frmEmployment",     "frmImportWarning", "frmOffices",  "frmRepair",
+    "frmAdministration", "frmAssets",    "frmBusiness",   "frmClientRecords", "frmContributions",
+    "frmDiary",          "frmDividends", "frmEmployment", "frmImportWarning", "frmOffices",
 };
 QStringList unregisteredForms;
 
