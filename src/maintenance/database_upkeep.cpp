@@ -40,6 +40,17 @@ void RemoveSafetyFile(const QString& live) {
 
 }  // namespace
 
+bool InUseByAnother(const QString& live) {
+    bool damaged = false;
+    return !NobodyElseUsing(PathOnDisk(live), &damaged);
+}
+
+QString InUseText() {
+    return QStringLiteral(
+        "The client database is in use by another user. Nothing has been changed.\n\nMake "
+        "sure that nobody else is using it, then try again.");
+}
+
 QString SafetyPath(const QString& live) {
     return live.left(live.size() - 3) + QStringLiteral("BAK");
 }

@@ -9,6 +9,11 @@ namespace quillon {
 
 enum class UpkeepResult { Done, InUse };
 
+// True when another workstation is using the file at this moment.
+bool InUseByAnother(const QString& live);
+// What the user is told then.
+QString InUseText();
+
 // The live file's name with its last three characters made "BAK".
 QString SafetyPath(const QString& live);
 

@@ -2,6 +2,8 @@
 
 #include "maintenance/frmBackup.h"
 #include "maintenance/frmCompactWait.h"
+#include "maintenance/frmImport.h"
+#include "maintenance/frmImportWarning.h"
 #include "maintenance/frmRepairWait.h"
 
 namespace quillon {
@@ -9,7 +11,8 @@ namespace quillon {
 std::span<const FormRow> MaintenanceForms() {
     static const FormRow forms[] = {
         DialogForm<frmBackup>(), DialogForm<frmCompact>(),    DialogForm<frmCompactWait>(),
-        DialogForm<frmRepair>(), DialogForm<frmRepairWait>(),
+        DialogForm<frmRepair>(), DialogForm<frmRepairWait>(), DialogForm<frmImportWarning>(),
+        DialogForm<frmImport>(),
     };
     return forms;
 }

@@ -24,10 +24,6 @@ constexpr int kWaitBelowMiddleTwips = 1000;
 constexpr int kTimerStartMs = 100;
 constexpr int kTextWidth = 460;
 
-const QString kInUse = QStringLiteral(
-    "The client database is in use by another user. Nothing has been changed.\n\nMake sure "
-    "that nobody else is using it, then try again.");
-
 QString ConfirmText(const UpkeepTexts& texts) {
     const QString gap = QStringLiteral("\n\n");
     return QStringLiteral("Your currently selected client database is in the file:") + gap +
@@ -73,6 +69,10 @@ void UpkeepConfirm::cmdBackup_Click() {
 }
 
 void UpkeepConfirm::cmdContinue_Click() {
+    Continue();
+}
+
+void UpkeepConfirm::Continue() {
     CloseThenShow(texts_.waitForm);
 }
 
@@ -130,7 +130,7 @@ void UpkeepWait::Timer1_Timer() {
                                *failure),
                vbExclamation, QLatin1String(texts_.errorTitle));
     } else if (result == UpkeepResult::InUse) {
-        MsgBox(kInUse, vbExclamation, QLatin1String(texts_.errorTitle));
+        MsgBox(InUseText(), vbExclamation, QLatin1String(texts_.errorTitle));
     }
     accept();
     UnloadForm(QLatin1String(texts_.waitForm));

@@ -45,9 +45,12 @@ public:
 
 protected:
     UpkeepConfirm(const UpkeepTexts& texts, QWidget* parent);
+    // Goes on with the operation: by default to its wait screen.
+    virtual void Continue();
+    void CloseThenShow(const char* form);
+    const UpkeepTexts& Texts() const { return texts_; }
 
 private:
-    void CloseThenShow(const char* form);
     const UpkeepTexts& texts_;
 };
 

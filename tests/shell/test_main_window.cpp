@@ -152,7 +152,7 @@ private:
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
     "frmAdministration", "frmAssets",    "frmBusiness",   "frmClientRecords", "frmContributions",
-    "frmDiary",          "frmDividends", "frmEmployment", "frmImportWarning", "frmOffices",
+    "frmDiary",          "frmDividends", "frmEmployment", "frmOffices",
 };
 QStringList unregisteredForms;
 
