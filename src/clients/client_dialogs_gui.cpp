@@ -66,10 +66,12 @@ void PlaceOverMainWindow(QWidget* dialog) {
 
 void ReportLifecycleFailure(const QString& title, ClientTables& tables,
                             const std::exception& error) {
-    MsgBox(LifecycleErrorText(error), vbExclamation | vbOKOnly, title);
+    // Rolled back and closed first: no other workstation waits on this one's
+    // lock while the message is read.
     tables.RollbackIfOpen();
     tables.Close();
     SetDefaultPointer();
+    MsgBox(LifecycleErrorText(error), vbExclamation | vbOKOnly, title);
 }
 
 void CloseClientTables(ClientTables& tables) {

@@ -101,41 +101,47 @@ ClientName AddClientRows(ClientTables& tables, const ClientName& name) {
         assignName(table, name);
         table.Update();
     }
+    // Found again before the commit: afterwards another workstation may hold
+    // the file, and a saved client must not be reported as failed.
+    const ClientName written = seekWrittenClient(tables.Clients(), name);
     tables.CommitTrans();
-    return seekWrittenClient(tables.Clients(), name);
+    return written;
 }
 
+// Every client operation finds its rows under the write lock: found before it,
+// a row could be deleted, and its number given to another client, meanwhile.
 std::optional<ClientName> RenameClientRows(ClientTables& tables, const ClientName& from,
                                            const ClientName& to) {
+    tables.BeginTrans();
     bool allFound = true;
     for (dao::Recordset& table : tables.Tables()) {
         allFound = seekClient(table, from) && allFound;
     }
     if (!allFound) {
+        tables.RollbackIfOpen();
         return std::nullopt;
     }
-    tables.BeginTrans();
     for (dao::Recordset& table : tables.Tables()) {
         table.Edit();
         assignName(table, to);
         table.Update();
     }
+    const ClientName renamed = seekWrittenClient(tables.Clients(), to);
     tables.CommitTrans();
-    return seekWrittenClient(tables.Clients(), to);
+    return renamed;
 }
 
 ClientName DeleteClientRows(ClientTables& tables, const ClientName& client) {
+    tables.BeginTrans();
     std::vector<bool> found;
     for (dao::Recordset& table : tables.Tables()) {
         found.push_back(seekClient(table, client));
     }
-    tables.BeginTrans();
     for (size_t i = 0; i < found.size(); ++i) {
         if (found[i]) {
             tables.Tables()[i].Delete();
         }
     }
-    tables.CommitTrans();
     dao::Recordset& clients = tables.Clients();
     if (found.front()) {
         clients.MoveNext();
@@ -143,10 +149,21 @@ ClientName DeleteClientRows(ClientTables& tables, const ClientName& client) {
         // No row of the client in `Clients`: go on from where it would stand.
         clients.Seek(QStringLiteral(">"), {client.last, client.first});
     }
+    ClientName next;  // none when the last client has gone
     if (clients.IsEOF() || clients.NoMatch()) {
-        clients.MoveLast();
+        try {
+            clients.MoveLast();
+        } catch (const dao::DaoError& error) {
+            if (error.Number() != dao::kErrNoCurrentRecord) {
+                throw;
+            }
+        }
     }
-    return nameOfCurrentRow(clients);
+    if (!clients.IsEOF() && !clients.BOF()) {
+        next = nameOfCurrentRow(clients);
+    }
+    tables.CommitTrans();
+    return next;
 }
 
 QString LifecycleErrorText(const std::exception& error) {

@@ -27,12 +27,12 @@ void frmRenameClient::cm3OK_Click() {
         tables.Open(PathOnDisk(ClientDatabasePath()));
         const std::optional<ClientName> renamed = RenameClientRows(tables, current_, to);
         if (!renamed) {
+            tables.Close();
+            SetDefaultPointer();
             Beep();
             MsgBox(
                 QStringLiteral("Unable to rename client - part of the client record not available"),
                 vbExclamation | vbOKOnly, current_.first + QLatin1Char(' ') + current_.last);
-            tables.Close();
-            SetDefaultPointer();
             return;
         }
         CurrentFirst = renamed->first;

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -121,6 +122,45 @@ QVariant convertForField(const TableInfo& table, int ordinal, const QVariant& va
 
 QString tableSubject(const TableInfo& table) {
     return QStringLiteral("the row of table '%1'").arg(table.name);
+}
+
+// The fields of the table's indexes: what names a row to the program, so that
+// a row number that another user has given to another row is not taken for
+// the row that was read.
+std::vector<int> identityColumns(const TableInfo& table) {
+    std::vector<int> columns;
+    for (const IndexInfo& index : table.indexes) {
+        for (const int column : index.columns) {
+            if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
+                columns.push_back(column);
+            }
+        }
+    }
+    return columns;
+}
+
+bool sameIdentity(const TableInfo& table, const QVariantList& read, const QVariantList& now) {
+    for (const int column : identityColumns(table)) {
+        if (read.value(column) != now.value(column)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// " AND field IS ?n ..." for the identity of `values`, numbered from `first`.
+QString identityCondition(const TableInfo& table, int first) {
+    QString condition;
+    for (const int column : identityColumns(table)) {
+        condition += QStringLiteral(" AND %1 IS ?%2").arg(table.quotedFields[column]).arg(first++);
+    }
+    return condition;
+}
+
+void bindIdentity(Query& query, const TableInfo& table, const QVariantList& values, int first) {
+    for (const int column : identityColumns(table)) {
+        query.Bind(first++, values.value(column));
+    }
 }
 
 }  // namespace
@@ -248,14 +288,18 @@ bool updateRow(RecordsetState& state) {
     }
     Connection& connection = state.Conn();
     connection.ApplyLockTimeout();
+    const int rowidParameter = int(binds.size()) + 1;
     Query query(connection,
                 QStringLiteral("UPDATE ") + QuotedName(table.name) + QStringLiteral(" SET ") +
-                    sets.join(QStringLiteral(", ")) + QStringLiteral(" WHERE rowid = ?"),
+                    sets.join(QStringLiteral(", ")) +
+                    QStringLiteral(" WHERE rowid = ?%1").arg(rowidParameter) +
+                    identityCondition(table, rowidParameter + 1),
                 kErrSaveLocked);
     for (int i = 0; i < binds.size(); ++i) {
         query.Bind(i + 1, binds[i]);
     }
-    query.Bind(int(binds.size()) + 1, state.rowid);
+    query.Bind(rowidParameter, state.rowid);
+    bindIdentity(query, table, state.values, rowidParameter + 1);
     ++connection.writeEpoch;
     query.Run(tableSubject(table), &table);
     return sqlite3_changes(connection.db) > 0;
@@ -295,15 +339,19 @@ void Recordset::Edit() {
     state.RequireCurrentRow();
     state.EndEdit();
     state.editLockTicket = state.Conn().AcquireEditLock();
+    const QVariantList read = state.values;
     bool present = false;
     try {
-        // The row may have changed while we waited for the lock.
-        present = state.RereadCurrentRow();
+        // The row may have changed while we waited for the lock, or been
+        // deleted and its number given to another row.
+        present = state.RereadCurrentRow() && sameIdentity(*state.table, read, state.values);
     } catch (...) {
         state.EndEditQuietly();
         throw;
     }
     if (!present) {
+        state.values = read;
+        state.hasRow = false;
         state.EndEdit();
         throwRowGone(state);
     }
@@ -336,8 +384,11 @@ void Recordset::Update() {
         state.EndEdit();
         throwRowGone(state);
     }
+    // The row now holds what was read at Edit with the assignments: nothing is
+    // read back after the commit, where a failure would call a saved change
+    // unsaved.
+    state.values = state.buffer;
     state.EndEdit();  // commits the Edit's own transaction
-    state.RereadCurrentRow();
 }
 
 void Recordset::CancelUpdate() {
@@ -359,9 +410,10 @@ void Recordset::Delete() {
     connection.ApplyLockTimeout();
     Query query(connection,
                 QStringLiteral("DELETE FROM ") + QuotedName(table.name) +
-                    QStringLiteral(" WHERE rowid = ?1"),
+                    QStringLiteral(" WHERE rowid = ?1") + identityCondition(table, 2),
                 kErrUpdateLocked);
     query.Bind(1, state.rowid);
+    bindIdentity(query, table, state.values, 2);
     ++connection.writeEpoch;
     query.Run(tableSubject(table), &table);
     // The deleted row's keys stay as the cursor, so that a move goes on from there.

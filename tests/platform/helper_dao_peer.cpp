@@ -9,6 +9,8 @@
 //   update                         Update
 //   begin / commit                 BeginTrans / CommitTrans
 //   add <last> <first>             add the client to every table present
+//   replace <table> <last> <first> <new last> <new first>
+//                                  delete a client's row, add another's
 //   churn                          forever: begin, add a client to every table,
 //                                  commit, answer "committed <n>"
 //   close                          close the recordset and the database
@@ -46,6 +48,19 @@ void addClientEverywhere(Peer& peer, const QString& last, const QString& first) 
     }
 }
 
+// Deletes one client's row of `table` and adds another's, which then takes
+// the deleted row's number when that was the last.
+void replaceClient(Peer& peer, const QStringList& words) {
+    dao::Recordset rs = peer.db.OpenRecordset(words.value(1));
+    rs.SetIndex(QStringLiteral("Name"));
+    rs.Seek(QStringLiteral("="), {words.value(2), words.value(3)});
+    rs.Delete();
+    rs.AddNew();
+    rs.Fields(QStringLiteral("Last Name")).SetValue(words.value(4));
+    rs.Fields(QStringLiteral("First Names")).SetValue(words.value(5));
+    rs.Update();
+}
+
 [[noreturn]] void churn(Peer& peer) {
     for (int n = 1;; ++n) {
         peer.db.BeginTrans();
@@ -76,6 +91,8 @@ void run(Peer& peer, const QStringList& words) {
         peer.db.CommitTrans();
     } else if (command == QLatin1String("add")) {
         addClientEverywhere(peer, words.value(1), words.value(2));
+    } else if (command == QLatin1String("replace")) {
+        replaceClient(peer, words);
     } else if (command == QLatin1String("churn")) {
         churn(peer);
     } else if (command == QLatin1String("close")) {

@@ -48,6 +48,45 @@ private Q_SLOTS:
     void init() { dao::SetLockTimeout(kShortLockTimeout); }
     void cleanup() { dao::SetLockTimeout(1000); }
 
+    // Another user deletes the client we stand on and adds another, which
+    // takes the deleted row's number: our Edit or Delete fails as for a
+    // deleted record and the other client keeps its row.
+    void aRowNumberGivenToAnotherClientIsNotTakenForOurs_data() {
+        QTest::addColumn<bool>("deleting");
+        QTest::newRow("edit") << false;
+        QTest::newRow("delete") << true;
+    }
+    void aRowNumberGivenToAnotherClientIsNotTakenForOurs() {
+        QFETCH(bool, deleting);
+        makeDatabase(test::SmallTables());
+        dao::Database db = dao::OpenDatabase(path_);
+        test::AddRow(db, kClients,
+                     {{kLast, QStringLiteral("Smith")}, {kFirst, QStringLiteral("Ann")}});
+        dao::Recordset ours = clientAt(db, QStringLiteral("Smith"), QStringLiteral("Ann"));
+        QVERIFY(!ours.NoMatch());
+        PeerProcess peer;
+        QVERIFY(peer.Started());
+        QCOMPARE(peer.Ask({QStringLiteral("open"), path_}), QStringLiteral("ok"));
+        QCOMPARE(peer.Ask({QStringLiteral("replace"), kClients, QStringLiteral("Smith"),
+                           QStringLiteral("Ann"), QStringLiteral("Young"), QStringLiteral("Yan")}),
+                 QStringLiteral("ok"));
+        QVERIFY(peer.Quit());
+        try {
+            if (deleting) {
+                ours.Delete();
+            } else {
+                ours.Edit();
+                ours.Fields(kTown).SetValue(QStringLiteral("Wrong"));
+                ours.Update();
+            }
+            QFAIL("the other client's row was taken for ours");
+        } catch (const dao::DaoError& error) {
+            QCOMPARE(error.Number(), int(dao::kErrRecordDeleted));
+        }
+        dao::Recordset theirs = clientAt(db, QStringLiteral("Young"), QStringLiteral("Yan"));
+        QVERIFY(!theirs.NoMatch() && theirs.Fields(kTown).Value().isNull());
+    }
+
     void anEditInAnotherProcessLocksUsOutUntilItsUpdate() {
         makeDatabase(test::SmallTables());
         {

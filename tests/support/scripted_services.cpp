@@ -26,6 +26,9 @@ void FailUnused(const QString& what, qsizetype count, const char* file, int line
 
 int ScriptedMessages::MsgBox(const QString& prompt, int style, const QString& title) {
     shown_.append({prompt, style, title});
+    if (whileShown) {
+        whileShown();
+    }
     if (answers_.isEmpty()) {
         FailUnexpected(QStringLiteral("message box"), prompt);
         return EscapeAnswer(style);

@@ -19,6 +19,8 @@
 #include <QList>
 #include <QQueue>
 
+#include <functional>
+
 namespace quillon {
 
 struct ShownMessage {
@@ -46,6 +48,9 @@ public:
 
     // Fails the running test if answers are left; called at the end of the scope.
     void CheckAllAnswersUsed(const char* file, int line);
+
+    // Runs while each message box is up, as another user at work meanwhile.
+    std::function<void()> whileShown;
 
 private:
     QQueue<int> answers_;
