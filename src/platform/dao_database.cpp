@@ -94,6 +94,10 @@ std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
                                            .arg(NativePath(path), text));
     }
     sqlite3_extended_result_codes(connection->db, 1);
+    // A shared file is not trusted: it can't change the engine's own records,
+    // and what it stores can't call functions with effects beyond the file.
+    sqlite3_db_config(connection->db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(connection->db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     // A write-protected file opens for reading only; writes then fail plainly.
     connection->readOnly = readOnly || sqlite3_db_readonly(connection->db, "main") == 1;
     if (readOnly) {

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <filesystem>
 
@@ -56,9 +57,11 @@ struct SchemaEntry {
 };
 
 std::vector<SchemaEntry> schemaOf(Connection& connection) {
+    // Tables and indexes only: a view or trigger that a file carries is left
+    // behind.
     Query query(connection, QStringLiteral("SELECT type, name, sql FROM sqlite_master WHERE sql IS "
-                                           "NOT NULL AND name NOT LIKE 'sqlite%' ORDER BY "
-                                           "type = 'index', rowid"));
+                                           "NOT NULL AND name NOT LIKE 'sqlite%' AND type IN "
+                                           "('table', 'index') ORDER BY type = 'index', rowid"));
     std::vector<SchemaEntry> entries;
     while (query.Step()) {
         sqlite3_stmt* row = query.Statement();
@@ -111,6 +114,28 @@ void copyRows(Connection& from, sqlite3* to, const QString& table) {
     sqlite3_finalize(writer);
 }
 
+// Runs one schema entry of the damaged file in the copy: its first statement
+// only, and only when that makes a table or an index, so that text stored in a
+// file can never make the repair do anything else.
+void createFromEntry(sqlite3* db, const QString& sql, const QString& path) {
+    static const QRegularExpression kCreate(
+        QStringLiteral(R"(^\s*CREATE\s+(UNIQUE\s+)?(TABLE|INDEX)\s)"),
+        QRegularExpression::CaseInsensitiveOption);
+    if (!kCreate.match(sql).hasMatch()) {
+        return;
+    }
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    int rc = sqlite3_prepare_v2(db, text.constData(), int(text.size()), &statement, nullptr);
+    if (rc == SQLITE_OK) {
+        rc = sqlite3_step(statement);
+    }
+    sqlite3_finalize(statement);
+    if (rc != SQLITE_DONE && rc != SQLITE_OK) {
+        ThrowEngineError(db, rc, kErrUpdateLocked, path, QStringLiteral("the repaired copy"));
+    }
+}
+
 void execOn(sqlite3* db, const QString& sql, const QString& path) {
     const int rc = sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     if (rc != SQLITE_OK) {
@@ -136,7 +161,7 @@ void copyReadableContent(Connection& source, const QString& target) {
         execOn(copy, QStringLiteral("BEGIN"), target);
         // Indexes first, so that the unique ones keep out rows that damage duplicated.
         for (const SchemaEntry& entry : schema) {
-            execOn(copy, entry.sql, target);
+            createFromEntry(copy, entry.sql, target);
         }
         for (const SchemaEntry& entry : schema) {
             if (entry.type == QLatin1String("table")) {

@@ -223,6 +223,18 @@ private Q_SLOTS:
         QVERIFY_DAO_ERROR(rs.Update(), dao::kErrDuplicateKey);
     }
 
+    // A table's stored definition with statements after it: the repair makes
+    // the table and runs nothing else.
+    void repairRunsNothingAFileStores() {
+        const QString elsewhere = freshPath(QStringLiteral("ELSEWHERE.MDB"));
+        rawExec(path_, QStringLiteral("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = "
+                                      "sql || '; ATTACH DATABASE ''%1'' AS e; CREATE TABLE e.t(a)' "
+                                      "WHERE name = 'Clients'")
+                           .arg(elsewhere));
+        repairReplacesAWreckedIndexPage();
+        QVERIFY(!QFile::exists(elsewhere));
+    }
+
     void repairRefusesWhatIsNoDatabase() {
         writeFile(path_, randomBytes(8192));
         QVERIFY_DAO_ERROR(dao::RepairDatabase(path_), dao::kErrDamaged);
