@@ -9,8 +9,8 @@ namespace quillon {
 namespace {
 
 bool InUseElsewhere(const dao::DaoError& error) {
-    return error.Number() == dao::kErrCannotOpen || error.Number() == dao::kErrUpdateLocked ||
-           error.Number() == dao::kErrSaveLocked;
+    return error.Number() == dao::kErrFileInUse || error.Number() == dao::kErrCannotOpen ||
+           error.Number() == dao::kErrUpdateLocked || error.Number() == dao::kErrSaveLocked;
 }
 
 // True when, for a moment, this workstation alone could hold the file. A file

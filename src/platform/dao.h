@@ -26,6 +26,7 @@ enum ErrorNumber : int {
     kErrReadOnly = 3027,           // write through a read-only database or recordset
     kErrNoTransaction = 3034,      // CommitTrans without BeginTrans
     kErrInvalidPath = 3044,        // the folder does not exist
+    kErrFileInUse = 3045,          // another user holds the file past the lock timeout
     kErrDamaged = 3049,            // not a database, or a damaged one
     kErrCannotOpen = 3051,         // no permission, or the file is in use exclusively
     kErrTableNotFound = 3078,      // no such table

@@ -106,9 +106,10 @@ void ThrowEngineError(sqlite3* db, int rc, int lockError, const QString& path,
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             if (lockError == kErrCannotOpen) {
-                throw DaoError(lockError, QStringLiteral("The database %1 is in use by another "
-                                                         "user and cannot be opened now.")
-                                              .arg(file));
+                throw DaoError(kErrFileInUse, QStringLiteral("The database %1 is in use by "
+                                                             "another user and cannot be opened "
+                                                             "now.")
+                                                  .arg(file));
             }
             if (lockError == kErrSaveLocked) {
                 throw DaoError(lockError, QStringLiteral("Could not save %1: another user has the "

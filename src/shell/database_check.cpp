@@ -68,6 +68,14 @@ QString quotedTitle() {
 
 void reportOpenFailure(const dao::DaoError& error) {
     switch (error.Number()) {
+        case dao::kErrFileInUse:
+            // Busy is not missing: the file is there, held a moment too long.
+            Beep();
+            MsgBox(QStringLiteral("The database ") + quotedTitle() +
+                       QStringLiteral(" is in use by another user and could not be opened. "
+                                      "Please try again in a moment."),
+                   vbExclamation);
+            break;
         case dao::kErrCannotOpen:
         case dao::kErrFileNotFound:
         case dao::kErrInvalidPath:

@@ -3,6 +3,7 @@
 // "ok" or "error <number> <description>".
 //
 //   open <path>                    open the database
+//   hold <path>                    open it for this user alone, until close
 //   timeout <ms>                   set the lock timeout
 //   edit <table> <last> <first>    seek the client by index Name and start Edit
 //   set <field> <text>             assign a text field of the pending Edit
@@ -74,6 +75,8 @@ void run(Peer& peer, const QStringList& words) {
     const QString& command = words.value(0);
     if (command == QLatin1String("open")) {
         peer.db = dao::OpenDatabase(words.value(1));
+    } else if (command == QLatin1String("hold")) {
+        peer.db = dao::OpenDatabase(words.value(1), true);
     } else if (command == QLatin1String("timeout")) {
         dao::SetLockTimeout(words.value(1).toInt());
     } else if (command == QLatin1String("edit")) {

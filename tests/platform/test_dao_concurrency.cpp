@@ -219,7 +219,7 @@ private Q_SLOTS:
         makeDatabase(test::SmallTables());
         {
             dao::Database only = dao::OpenDatabase(path_, true);
-            QVERIFY_DAO_ERROR(dao::OpenDatabase(path_), dao::kErrCannotOpen);
+            QVERIFY_DAO_ERROR(dao::OpenDatabase(path_), dao::kErrFileInUse);
             test::AddRow(only, kClients, {{kLast, QStringLiteral("Solo")}});
         }
         dao::Database db = dao::OpenDatabase(path_);

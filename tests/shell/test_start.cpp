@@ -1,7 +1,9 @@
 // The start as a person meets it: the refusal of a second copy and the lock
 // behind it, what the program learns of its surroundings, the splash and its
 // timers, and the backup reminder every tenth start.
+#include "platform/dao.h"
 #include "shell/configuration.h"
+#include "shell/database_check.h"
 #include "shell/environment.h"
 #include "shell/forms_gui.h"
 #include "shell/frmBackupWarning.h"
@@ -9,6 +11,7 @@
 #include "shell/frmQuillon.h"
 #include "shell/main_gui.h"
 #include "shell/variables.h"
+#include "support/peer_process.h"
 #include "support/program_folder_copy.h"
 #include "support/scripted_services.h"
 #include "support/shell_testing.h"
@@ -115,6 +118,26 @@ private Q_SLOTS:
         QVERIFY(RunStart());
         QVERIFY(LoadedForm<frmBackupWarning>());
         QVERIFY(!LoadedForm(QStringLiteral("frmQuillon")));
+    }
+
+    // A client database that another workstation holds past the lock timeout
+    // is told as busy, not as missing.
+    void aBusyDatabaseIsToldAsBusy() {
+        DatabaseFolder[SelectedFile] = folder_->Path();
+        PeerProcess peer;
+        QVERIFY(peer.Started());
+        QCOMPARE(peer.Ask({"hold", ClientDatabasePath()}), QStringLiteral("ok"));
+        const int timeout = dao::LockTimeout();
+        dao::SetLockTimeout(100);
+        services_->messages.Answer(vbOK);
+        QVERIFY(!VerifyClientDatabase());
+        QCOMPARE(services_->messages.Last().prompt,
+                 "The database \"" + DatabaseTitle.at(SelectedFile) +
+                     "\" is in use by another user and could not be opened. Please try again in "
+                     "a moment.");
+        QVERIFY(peer.Quit());
+        QVERIFY(VerifyClientDatabase());
+        dao::SetLockTimeout(timeout);
     }
 
     void aSwitchedOffReminderNeverComesBack() {
