@@ -44,6 +44,16 @@ void BM_ClientListLoad(benchmark::State& state) {
 }
 BENCHMARK(BM_ClientListLoad)->Unit(benchmark::kMillisecond);
 
+void BM_ClientListLoadOfAHundredThousand(benchmark::State& state) {
+    bench::TheLargeSyntheticSlot();
+    for (auto _ : state) {
+        frmClients list;
+        benchmark::DoNotOptimize(list.pnlCount->text());
+    }
+    bench::TheSyntheticSlot();
+}
+BENCHMARK(BM_ClientListLoadOfAHundredThousand)->Unit(benchmark::kMillisecond);
+
 void BM_NewClient(benchmark::State& state) {
     fixture();
     int n = 0;

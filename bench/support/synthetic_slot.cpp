@@ -13,14 +13,18 @@ int FailingMessages::MsgBox(const QString& prompt, int, const QString&) {
     std::abort();
 }
 
-SyntheticSlot::SyntheticSlot() {
-    DatabaseFolder[1] = folder_.path();
-    DatabaseTitle[1] = QStringLiteral("Benchmark");
-    SelectedFile = 1;
-    MakeSyntheticClientDatabase(ClientDatabasePath(), kBenchClients);
+SyntheticSlot::SyntheticSlot(int clients) {
+    Select();
+    MakeSyntheticClientDatabase(ClientDatabasePath(), clients);
     Services services;
     services.messages = &messages_;
     InstallServices(services);
+}
+
+void SyntheticSlot::Select() const {
+    DatabaseFolder[1] = folder_.path();
+    DatabaseTitle[1] = QStringLiteral("Benchmark");
+    SelectedFile = 1;
 }
 
 QString SyntheticSlot::DatabasePath() const {
@@ -29,6 +33,13 @@ QString SyntheticSlot::DatabasePath() const {
 
 SyntheticSlot& TheSyntheticSlot() {
     static SyntheticSlot slot;
+    slot.Select();
+    return slot;
+}
+
+SyntheticSlot& TheLargeSyntheticSlot() {
+    static SyntheticSlot slot(kLargeBenchClients);
+    slot.Select();
     return slot;
 }
 

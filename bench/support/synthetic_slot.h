@@ -9,6 +9,7 @@
 namespace quillon::bench {
 
 constexpr int kBenchClients = 10000;
+constexpr int kLargeBenchClients = 100000;
 
 // A message box during a benchmark means the work failed: stop rather than time it.
 class FailingMessages : public MessageService {
@@ -19,7 +20,9 @@ public:
 
 class SyntheticSlot {
 public:
-    SyntheticSlot();
+    explicit SyntheticSlot(int clients = kBenchClients);
+    // Makes this the selected slot again.
+    void Select() const;
     QString DatabasePath() const;
 
 private:
@@ -29,5 +32,7 @@ private:
 
 // Made on first use, so that only the benchmarks that run pay for it.
 SyntheticSlot& TheSyntheticSlot();
+// A practice ten times the size, for the goals set at 100,000 clients.
+SyntheticSlot& TheLargeSyntheticSlot();
 
 }  // namespace quillon::bench

@@ -39,18 +39,18 @@ void SortListTexts(QStringList& texts) {
     QCollator collator;
     struct Entry {
         QCollatorSortKey folded;
-        QCollatorSortKey exact;
         qsizetype index;
     };
     std::vector<Entry> entries;
     entries.reserve(texts.size());
     for (qsizetype i = 0; i < texts.size(); ++i) {
-        entries.push_back(
-            {collator.sortKey(texts.at(i).toCaseFolded()), collator.sortKey(texts.at(i)), i});
+        entries.push_back({collator.sortKey(texts.at(i).toCaseFolded()), i});
     }
-    std::stable_sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+    // Texts alike but for case are rare: only they are collated as they stand.
+    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
         const int folded = a.folded.compare(b.folded);
-        return folded != 0 ? folded < 0 : a.exact.compare(b.exact) < 0;
+        return folded != 0 ? folded < 0
+                           : collator.compare(texts.at(a.index), texts.at(b.index)) < 0;
     });
     QStringList sorted;
     sorted.reserve(texts.size());

@@ -34,6 +34,13 @@ QString QuotedName(const QString& identifier) {
 }
 
 int TableInfo::FieldOrdinal(const QString& fieldName) const {
+    // Callers nearly always spell a field as it was made; only the others pay
+    // for folding the case.
+    for (size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].name == fieldName) {
+            return int(i);
+        }
+    }
     return ordinalByName.value(fieldName.toCaseFolded(), -1);
 }
 

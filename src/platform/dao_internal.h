@@ -150,6 +150,9 @@ struct RecordsetState {
         QVariantList values;
     };
     std::deque<RowAhead> ahead;
+    // How many rows the next step from a row reads: more each time a walk
+    // goes on, back to a few at any other positioning.
+    int readAhead = 0;
     quint64 aheadEpoch = 0;
     std::chrono::steady_clock::time_point aheadReadAt;
 

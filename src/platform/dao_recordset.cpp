@@ -2,6 +2,7 @@
 // key values and rowid; every move is one or a few indexed queries for the
 // nearest row beyond that key, so that nothing depends on the table's size.
 
+#include <algorithm>
 #include <optional>
 
 #include "platform/dao_internal.h"
@@ -15,6 +16,7 @@ enum class Direction { Forward, Backward };
 // How many rows a MoveNext reads at once, and how long those read ahead may
 // stand for the file's contents before they are read again.
 constexpr int kRowsReadAhead = 32;
+constexpr int kMostRowsReadAhead = 1024;
 constexpr std::chrono::milliseconds kReadAheadLifetime{500};
 
 std::vector<int> keyColumns(const RecordsetState& state) {
@@ -118,10 +120,17 @@ bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys,
             QStringList(left.size(), QStringLiteral("?")).join(QLatin1Char(',')) + QLatin1Char(')');
         sql = selectSql(state, {condition}, Direction::Forward);
         if (rowid) {
-            // A step from a row: likely one of many, so read a few ahead.
+            // A step from a row: likely one of many, so read some ahead.
             sql.replace(QStringLiteral(" LIMIT 1"),
-                        QStringLiteral(" LIMIT %1").arg(kRowsReadAhead));
+                        QStringLiteral(" LIMIT ?%1").arg(binds.size() + 1));
         }
+    }
+    if (rowid) {
+        state.readAhead = state.readAhead == 0 ? kRowsReadAhead
+                                               : std::min(state.readAhead * 2, kMostRowsReadAhead);
+        binds << state.readAhead;
+    } else {
+        state.readAhead = 0;
     }
     return fetchWith(state, sql, binds);
 }
