@@ -1,6 +1,7 @@
 #include "clients/client_dialogs_gui.h"
 
 #include "platform/services.h"
+#include "platform/wait_pointer.h"
 #include "shell/forms_gui.h"
 #include "shell/twips.h"
 
@@ -12,7 +13,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+
 #include <QVBoxLayout>
+#include <optional>
 
 namespace quillon {
 
@@ -24,26 +27,26 @@ constexpr char16_t kApostrophe = u'\'';
 constexpr char16_t kBackquote = u'`';
 constexpr char16_t kLastTyped = u'z';
 
-bool hourglassShown = false;
+// The hourglass a dialog leaves up until the client list has been refreshed.
+std::optional<WaitPointer>& heldHourglass() {
+    static std::optional<WaitPointer> held;
+    return held;
+}
 
 }  // namespace
 
 void SetHourglass() {
-    if (!hourglassShown) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        hourglassShown = true;
+    if (!heldHourglass()) {
+        heldHourglass().emplace();
     }
 }
 
 void SetDefaultPointer() {
-    if (hourglassShown) {
-        QApplication::restoreOverrideCursor();
-        hourglassShown = false;
-    }
+    heldHourglass().reset();
 }
 
 bool HourglassShown() {
-    return hourglassShown;
+    return heldHourglass().has_value();
 }
 
 void RefreshClientList() {

@@ -5,6 +5,7 @@
 #include "data/data_access.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "platform/widgets_gui.h"
 #include "reports/vsprint_gui.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
@@ -40,9 +41,7 @@ const QStringList kSectionScreens = {
 };
 
 QPushButton* commandButton(QWidget* parent, const char* name, const QString& caption) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    return button;
+    return Named<QPushButton>(QString::fromLatin1(name), caption, parent);
 }
 
 QMdiSubWindow* frameOf(QWidget* form) {
@@ -74,20 +73,18 @@ void frmClients::buildLayout() {
     layout->addLayout(letters);
     const int perRow = kLetters / kLetterRows;
     for (int i = 0; i < kLetters; ++i) {
-        auto* button = new QPushButton(QString(QChar(u'A' + i)), this);
-        button->setObjectName(QStringLiteral("cm3Seek(%1)").arg(i));
+        auto* button = Named<QPushButton>(QStringLiteral("cm3Seek(%1)").arg(i),
+                                          QString(QChar(u'A' + i)), this);
         button->setFixedWidth(kLetterButtonWidth);
         letters->addWidget(button, i / perRow, i % perRow);
         cm3Seek[i] = button;
     }
 
-    pnlStatus = new QFrame(this);
-    pnlStatus->setObjectName(QStringLiteral("pnlStatus"));
+    pnlStatus = Named<QFrame>(QStringLiteral("pnlStatus"), this);
     pnlStatus->setFrameShape(QFrame::StyledPanel);
     auto* statusLayout = new QVBoxLayout(pnlStatus);
     statusLayout->setContentsMargins(0, 0, 0, 0);
-    lstClients = new QListWidget(pnlStatus);
-    lstClients->setObjectName(QStringLiteral("lstClients"));
+    lstClients = Named<QListWidget>(QStringLiteral("lstClients"), pnlStatus);
     lstClients->setSelectionMode(QAbstractItemView::SingleSelection);
     lstClients->setUniformItemSizes(true);
     statusLayout->addWidget(lstClients);
@@ -105,16 +102,13 @@ void frmClients::buildLayout() {
         commands->addWidget(button);
     }
 
-    pnlCount = new QLabel(this);
-    pnlCount->setObjectName(QStringLiteral("pnlCount"));
+    pnlCount = Named<QLabel>(QStringLiteral("pnlCount"), this);
     pnlCount->setFrameShape(QFrame::Panel);
     pnlCount->setFrameShadow(QFrame::Sunken);
     layout->addWidget(pnlCount);
 
-    tmrRefresh = new QTimer(this);
-    tmrRefresh->setObjectName(QStringLiteral("tmrRefresh"));
-    tmrUpdate = new QTimer(this);
-    tmrUpdate->setObjectName(QStringLiteral("tmrUpdate"));
+    tmrRefresh = Named<QTimer>(QStringLiteral("tmrRefresh"), this);
+    tmrUpdate = Named<QTimer>(QStringLiteral("tmrUpdate"), this);
 }
 
 void frmClients::connectControls() {

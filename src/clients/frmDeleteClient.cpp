@@ -2,6 +2,7 @@
 
 #include "clients/client_dialogs_gui.h"
 #include "platform/files.h"
+#include "platform/widgets_gui.h"
 #include "shell/variables.h"
 
 #include <QHBoxLayout>
@@ -14,14 +15,14 @@ namespace quillon {
 frmDeleteClient::frmDeleteClient(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Delete Client"));
     auto* layout = new QVBoxLayout(this);
-    lblName = new QLabel(CurrentFirst + QLatin1Char(' ') + CurrentLast, this);
-    lblName->setObjectName(QStringLiteral("lblName"));
+    lblName = Named<QLabel>(QStringLiteral("lblName"),
+                            CurrentFirst + QLatin1Char(' ') + CurrentLast, this);
     lblName->setAlignment(Qt::AlignCenter);
     QFont bold = lblName->font();
     bold.setBold(true);
     lblName->setFont(bold);
-    lbl = new QLabel(QStringLiteral("Do you wish to delete this client?"), this);
-    lbl->setObjectName(QStringLiteral("lbl"));
+    lbl = Named<QLabel>(QStringLiteral("lbl"), QStringLiteral("Do you wish to delete this client?"),
+                        this);
     lbl->setAlignment(Qt::AlignCenter);
     layout->addWidget(lblName);
     layout->addWidget(lbl);
@@ -29,10 +30,8 @@ frmDeleteClient::frmDeleteClient(QWidget* parent) : QDialog(parent) {
     auto* buttons = new QHBoxLayout;
     layout->addLayout(buttons);
     buttons->addStretch();
-    cm3Yes = new QPushButton(QStringLiteral("&Yes"), this);
-    cm3Yes->setObjectName(QStringLiteral("cm3Yes"));
-    cm3No = new QPushButton(QStringLiteral("&No"), this);
-    cm3No->setObjectName(QStringLiteral("cm3No"));
+    cm3Yes = Named<QPushButton>(QStringLiteral("cm3Yes"), QStringLiteral("&Yes"), this);
+    cm3No = Named<QPushButton>(QStringLiteral("cm3No"), QStringLiteral("&No"), this);
     // A slip of the Enter key must not delete a client.
     cm3No->setDefault(true);
     buttons->addWidget(cm3Yes);
