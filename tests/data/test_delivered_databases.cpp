@@ -4,6 +4,7 @@
 #include "data/database_schema.h"
 #include "data/delivered_databases.h"
 #include "platform/dao.h"
+#include "support/shell_testing.h"
 #include "support/sqlite_probe.h"
 #include "support/temp_database.h"
 
@@ -108,9 +109,7 @@ class TestDeliveredDatabases : public QObject {
 private Q_SLOTS:
     void programFolderHoldsTheDeliveredFiles();
     void sampleClientStandsInEveryClientTable();
-    void commonRowsHoldTheirDescriptions_data();
-    void commonRowsHoldTheirDescriptions();
-    void diaryPagesNameConsecutiveTaxYears();
+    void commonRowsMatchTheirReference();
     void onlyClientsRefusesASecondClientOfTheSameName();
     void officeDatabaseHoldsThePublishedOffices();
     void dividendDatabaseHoldsThePublishedShares();
@@ -154,79 +153,20 @@ void TestDeliveredDatabases::sampleClientStandsInEveryClientTable() {
              QVariant(QStringLiteral("Sample, A.")));
 }
 
-void TestDeliveredDatabases::commonRowsHoldTheirDescriptions_data() {
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<int>("texts");
-    QTest::addColumn<int>("width");
-    QTest::addColumn<bool>("titled");
-    QTest::addColumn<bool>("yeared");
-    QTest::newRow("Personal") << QStringLiteral("Personal") << 10 << 40 << false << false;
-    for (int page = 1; page <= 4; ++page) {
-        const QString employment = QStringLiteral("Employment %1").arg(page);
-        const QString business = QStringLiteral("Business %1").arg(page);
-        QTest::newRow(qPrintable(employment)) << employment << 10 << 40 << false << false;
-        QTest::newRow(qPrintable(business)) << business << 10 << 40 << false << false;
-    }
-    QTest::newRow("Assets") << QStringLiteral("Assets") << 15 << 30 << false << false;
-    QTest::newRow("User") << QStringLiteral("User") << 8 << 40 << true << false;
-    for (int page = 1; page <= 4; ++page) {
-        const QString diary = QStringLiteral("Diary %1").arg(page);
-        QTest::newRow(qPrintable(diary)) << diary << 20 << 40 << false << true;
-    }
-}
-
-void TestDeliveredDatabases::commonRowsHoldTheirDescriptions() {
-    QFETCH(QString, row);
-    QFETCH(int, texts);
-    QFETCH(int, width);
-    QFETCH(bool, titled);
-    QFETCH(bool, yeared);
-    dao::Database db = dao::OpenDatabase(Delivered(kClientDatabaseFile), false, true);
-    dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
-    QCOMPARE(common.RecordCount(), 15L);
-    common.SetIndex(QStringLiteral("Name"));
-    common.Seek(QStringLiteral("="), {row});
-    QVERIFY(!common.NoMatch());
-    QCOMPARE(!common.Fields(QStringLiteral("Title")).IsNull(), titled);
-    QCOMPARE(!common.Fields(QStringLiteral("Tax Year")).IsNull(), yeared);
-    QSet<QString> distinct;
-    int marked = 0;
-    for (int n = 1; n <= 20; ++n) {
-        const QVariant text = common.Fields(QStringLiteral("Text %1").arg(n)).Value();
-        if (n > texts) {
-            QVERIFY2(text.isNull(), qPrintable(QString::number(n)));
-            continue;
+// The shared descriptions, titles and diary tax years, row by row, against
+// the reference: what a new installation shows on every screen.
+void TestDeliveredDatabases::commonRowsMatchTheirReference() {
+    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
+    QStringList rows;
+    for (const QVariantList& row :
+         file.Rows(QStringLiteral("SELECT * FROM Common ORDER BY rowid"))) {
+        QStringList values;
+        for (const QVariant& value : row) {
+            values << (value.isNull() ? QStringLiteral("<null>") : value.toString());
         }
-        QVERIFY2(!text.toString().trimmed().isEmpty(), qPrintable(QString::number(n)));
-        QVERIFY2(text.toString().size() <= width, qPrintable(text.toString()));
-        distinct.insert(text.toString());
-        marked += text.toString().size() > 1 && text.toString().startsWith(u'*') ? 1 : 0;
+        rows << values.join(QLatin1Char('|'));
     }
-    QCOMPARE(distinct.size(), texts);
-    // The diary's own events, never more than the report's six columns, are
-    // marked for the progress report.
-    QVERIFY(yeared ? marked >= 1 && marked <= 6 : marked == 0);
-}
-
-void TestDeliveredDatabases::diaryPagesNameConsecutiveTaxYears() {
-    dao::Database db = dao::OpenDatabase(Delivered(kClientDatabaseFile), false, true);
-    dao::Recordset common = db.OpenRecordset(QStringLiteral("Common"));
-    common.SetIndex(QStringLiteral("Name"));
-    static const QRegularExpression taxYear(QStringLiteral("^(\\d{4})-(\\d{2})$"));
-    int previous = 0;
-    for (int page = 1; page <= 4; ++page) {
-        common.Seek(QStringLiteral("="), {QStringLiteral("Diary %1").arg(page)});
-        QVERIFY(!common.NoMatch());
-        const QString year = common.Fields(QStringLiteral("Tax Year")).Value().toString();
-        const QRegularExpressionMatch match = taxYear.match(year);
-        QVERIFY2(match.hasMatch(), qPrintable(year));
-        const int start = match.captured(1).toInt();
-        QCOMPARE(match.captured(2).toInt(), (start + 1) % 100);
-        if (page > 1) {
-            QCOMPARE(start, previous + 1);
-        }
-        previous = start;
-    }
+    QCOMPARE(rows, testing::ReferenceLines(QStringLiteral("delivered-common.txt"), rows));
 }
 
 void TestDeliveredDatabases::onlyClientsRefusesASecondClientOfTheSameName() {
