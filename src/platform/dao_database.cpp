@@ -248,7 +248,7 @@ QStringList Database::TableNames() const {
     }
     Query query(*connection_,
                 QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
-                               "LIKE 'sqlite%' ORDER BY name"));
+                               "LIKE 'sqlite%' AND name NOT LIKE '%|%' ORDER BY name"));
     QStringList names;
     while (query.Step()) {
         names << QString::fromUtf8(

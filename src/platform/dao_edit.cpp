@@ -245,6 +245,47 @@ void beginBuffer(RecordsetState& state, int mode, const QVariantList& start) {
     state.editMode = mode;
 }
 
+// The engine gives a new row the number after the highest in its table, so the
+// number of a row deleted from the end would come back. The highest number each
+// table has given out is kept beside the tables, written with the delete, and a
+// new row takes the number after it.
+const char* const kRowNumbersTable = "\"Quillon|Row numbers\"";
+
+void keepRowNumber(Connection& connection, const TableInfo& table, qint64 rowid) {
+    connection.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (name TEXT PRIMARY KEY, "
+                                   "highest INTEGER)")
+                        .arg(QLatin1String(kRowNumbersTable)),
+                    kErrUpdateLocked);
+    Query query(connection,
+                QStringLiteral("INSERT INTO %1 (name, highest) VALUES (?1, ?2) ON CONFLICT(name) "
+                               "DO UPDATE SET highest = max(highest, excluded.highest)")
+                    .arg(QLatin1String(kRowNumbersTable)),
+                kErrUpdateLocked);
+    query.Bind(1, table.name);
+    query.Bind(2, rowid);
+    query.Run(tableSubject(table), &table);
+}
+
+// The number for a new row when the table has given out higher ones before;
+// 0 to let the engine choose.
+qint64 nextRowNumber(Connection& connection, const TableInfo& table) {
+    const QByteArray sql = QStringLiteral(
+                               "SELECT max(highest, (SELECT ifnull(max(rowid), 0) FROM "
+                               "%1)) + 1 FROM %2 WHERE name = ?1")
+                               .arg(QuotedName(table.name), QLatin1String(kRowNumbersTable))
+                               .toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(connection.db, sql.constData(), -1, &statement, nullptr) != SQLITE_OK) {
+        return 0;  // no row was ever deleted from the end of any table
+    }
+    const QByteArray name = table.name.toUtf8();
+    sqlite3_bind_text(statement, 1, name.constData(), int(name.size()), SQLITE_TRANSIENT);
+    const qint64 next =
+        sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
+    sqlite3_finalize(statement);
+    return next;
+}
+
 void insertRow(RecordsetState& state) {
     const TableInfo& table = *state.table;
     QStringList names;
@@ -257,13 +298,18 @@ void insertRow(RecordsetState& state) {
             binds << state.buffer[int(i)];
         }
     }
+    Connection& connection = state.Conn();
+    connection.ApplyLockTimeout();
+    if (const qint64 rowid = nextRowNumber(connection, table); rowid > 0) {
+        names << QStringLiteral("rowid");
+        marks << QStringLiteral("?");
+        binds << rowid;
+    }
     QString sql = QStringLiteral("INSERT INTO ") + QuotedName(table.name);
     sql += names.isEmpty()
                ? QStringLiteral(" DEFAULT VALUES")
                : QStringLiteral(" (%1) VALUES (%2)")
                      .arg(names.join(QStringLiteral(", ")), marks.join(QStringLiteral(", ")));
-    Connection& connection = state.Conn();
-    connection.ApplyLockTimeout();
     Query query(connection, sql, kErrSaveLocked);
     for (int i = 0; i < binds.size(); ++i) {
         query.Bind(i + 1, binds[i]);
@@ -408,18 +454,28 @@ void Recordset::Delete() {
     const TableInfo& table = *state.table;
     Connection& connection = state.Conn();
     connection.ApplyLockTimeout();
-    Query query(connection,
-                QStringLiteral("DELETE FROM ") + QuotedName(table.name) +
-                    QStringLiteral(" WHERE rowid = ?1") + identityCondition(table, 2),
-                kErrUpdateLocked);
-    query.Bind(1, state.rowid);
-    bindIdentity(query, table, state.values, 2);
-    ++connection.writeEpoch;
-    query.Run(tableSubject(table), &table);
-    // The deleted row's keys stay as the cursor, so that a move goes on from there.
-    state.hasRow = false;
-    if (sqlite3_changes(connection.db) == 0) {
-        throwRowGone(state);
+    // The row and the note of its number go together, or neither does.
+    connection.Exec(QStringLiteral("SAVEPOINT row_delete"), kErrUpdateLocked);
+    try {
+        Query query(connection,
+                    QStringLiteral("DELETE FROM ") + QuotedName(table.name) +
+                        QStringLiteral(" WHERE rowid = ?1") + identityCondition(table, 2),
+                    kErrUpdateLocked);
+        query.Bind(1, state.rowid);
+        bindIdentity(query, table, state.values, 2);
+        ++connection.writeEpoch;
+        query.Run(tableSubject(table), &table);
+        // The deleted row's keys stay as the cursor, so that a move goes on from there.
+        state.hasRow = false;
+        if (sqlite3_changes(connection.db) == 0) {
+            throwRowGone(state);
+        }
+        keepRowNumber(connection, table, state.rowid);
+        connection.Exec(QStringLiteral("RELEASE row_delete"), kErrUpdateLocked);
+    } catch (...) {
+        sqlite3_exec(connection.db, "ROLLBACK TO row_delete; RELEASE row_delete", nullptr, nullptr,
+                     nullptr);
+        throw;
     }
 }
 

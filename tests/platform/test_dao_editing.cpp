@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include "platform/dao.h"
+#include "support/sqlite_probe.h"
 #include "support/temp_database.h"
 
 using namespace quillon;
@@ -149,6 +150,29 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("Adams|Cy"), QStringLiteral("Jones|Bob"),
                               QStringLiteral("Smith|Ann")}));
         QVERIFY(clientAt(db, QStringLiteral("Adams"), QStringLiteral("Cy")).Fields(kTown).IsNull());
+    }
+
+    // The number of a row deleted from the end of its table is never given to a
+    // new row, in a transaction or not, and the table list stays the tables'.
+    void aDeletedRowsNumberIsNotGivenOut() {
+        dao::Database db = dao::OpenDatabase(path_);
+        const auto numberOf = [this](const char* last) {
+            return test::SqliteProbe(path_).Value(
+                QStringLiteral("SELECT rowid FROM Clients WHERE \"Last Name\" = '%1'")
+                    .arg(QLatin1String(last)));
+        };
+        const QVariant jones = numberOf("Jones");
+        clientAt(db, QStringLiteral("Jones"), QStringLiteral("Bob")).Delete();
+        test::AddRow(db, kClients,
+                     {{kLast, QStringLiteral("Young")}, {kFirst, QStringLiteral("Yan")}});
+        QVERIFY(numberOf("Young").toLongLong() > jones.toLongLong());
+        db.BeginTrans();
+        clientAt(db, QStringLiteral("Young"), QStringLiteral("Yan")).Delete();
+        db.CommitTrans();
+        test::AddRow(db, kClients,
+                     {{kLast, QStringLiteral("Zeal")}, {kFirst, QStringLiteral("Zed")}});
+        QVERIFY(numberOf("Zeal").toLongLong() > jones.toLongLong() + 1);
+        QVERIFY(!db.TableNames().join(QLatin1Char(',')).contains(QLatin1Char('|')));
     }
 
     void duplicateNameInOtherCaseIsRefused() {
