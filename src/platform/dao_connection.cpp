@@ -310,8 +310,9 @@ QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type) {
         case dbMemo:
             break;
     }
-    const auto* text = static_cast<const char16_t*>(sqlite3_column_text16(statement, column));
-    QString value = QString::fromUtf16(text, sqlite3_column_bytes16(statement, column) / 2);
+    // The file holds UTF-8: read as it is stored, the engine has no copy to make.
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    QString value = QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
     if (type == dbDate) {
         const QDateTime when = QDateTime::fromString(value, Qt::ISODate);
         return when.isValid() ? QVariant(when) : QVariant(value);
