@@ -36,6 +36,7 @@ BulkWriteSession::BulkWriteSession(const QString& path) {
             dao::kErrCannotOpen,
             QStringLiteral("Could not open %1.").arg(QDir::toNativeSeparators(path)));
     }
+    dao::UseProgramCollation(db_);
     try {
         // The file is new and is thrown away if the build fails, so there is no
         // need to wait for the disk.

@@ -13,6 +13,8 @@
 #include <memory>
 #include <string>
 
+struct sqlite3;
+
 namespace quillon::dao {
 
 // The engine's error numbers that callers tell apart. Any other failure carries
@@ -188,6 +190,11 @@ private:
 // keeps other users out until Close; `readOnly` refuses every write with
 // kErrReadOnly.
 Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false);
+
+// Makes the text of a connection opened outside this layer compare as the
+// program's files do, without regard to case in any language: every file is
+// written, and its indexes ordered, with this collation.
+void UseProgramCollation(sqlite3* db);
 
 // Rewrites the database `source` into the new file `destination`.
 void CompactDatabase(const QString& source, const QString& destination);

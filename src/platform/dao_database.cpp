@@ -1,6 +1,10 @@
 #include <QFileInfo>
 #include <QMutex>
 
+#include <algorithm>
+
+#include <cctype>
+
 #include "platform/dao_internal.h"
 
 namespace quillon::dao {
@@ -73,7 +77,39 @@ void loadIndexes(Connection& connection, TableInfo& table) {
     }
 }
 
+// Text compares without regard to case in every language, not in English
+// alone: "Émile" and "émile" are one name. Texts in plain ASCII, nearly all,
+// compare as the engine's own NOCASE does, without making a copy.
+int CompareFolded(void*, int leftSize, const void* left, int rightSize, const void* right) {
+    const auto* a = static_cast<const unsigned char*>(left);
+    const auto* b = static_cast<const unsigned char*>(right);
+    const int common = std::min(leftSize, rightSize);
+    int i = 0;
+    for (; i < common && a[i] < 0x80 && b[i] < 0x80; ++i) {
+        const int ca = std::tolower(a[i]);
+        const int cb = std::tolower(b[i]);
+        if (ca != cb) {
+            return ca - cb;
+        }
+    }
+    if (i == common) {
+        return leftSize - rightSize;
+    }
+    const QByteArray foldedA = QString::fromUtf8(reinterpret_cast<const char*>(a + i), leftSize - i)
+                                   .toCaseFolded()
+                                   .toUtf8();
+    const QByteArray foldedB =
+        QString::fromUtf8(reinterpret_cast<const char*>(b + i), rightSize - i)
+            .toCaseFolded()
+            .toUtf8();
+    return foldedA.compare(foldedB);
+}
+
 }  // namespace
+
+void UseProgramCollation(sqlite3* db) {
+    sqlite3_create_collation_v2(db, "NOCASE", SQLITE_UTF8, nullptr, CompareFolded, nullptr);
+}
 
 std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
     checkPathBeforeOpen(path);
@@ -98,6 +134,7 @@ std::shared_ptr<Connection> OpenConnection(const QString& path, bool readOnly) {
     // and what it stores can't call functions with effects beyond the file.
     sqlite3_db_config(connection->db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(connection->db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    UseProgramCollation(connection->db);
     // A write-protected file opens for reading only; writes then fail plainly.
     connection->readOnly = readOnly || sqlite3_db_readonly(connection->db, "main") == 1;
     if (readOnly) {

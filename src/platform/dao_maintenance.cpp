@@ -153,6 +153,7 @@ void copyReadableContent(Connection& source, const QString& target) {
         if (rc != SQLITE_OK) {
             ThrowEngineError(copy, rc, kErrCannotOpen, target, QStringLiteral("the repaired copy"));
         }
+        UseProgramCollation(copy);
         execOn(copy,
                QStringLiteral("PRAGMA user_version = %1; PRAGMA application_id = %2")
                    .arg(singleNumber(source, QStringLiteral("PRAGMA user_version")))

@@ -126,6 +126,7 @@ void CreateDatabase(const QString& path, const std::vector<TableDef>& tables) {
             kErrCannotOpen,
             QStringLiteral("Could not create the file %1.").arg(QDir::toNativeSeparators(path)));
     }
+    UseProgramCollation(db);
     try {
         execOrThrow(db, QStringLiteral("BEGIN"));
         for (const TableDef& table : tables) {

@@ -199,6 +199,17 @@ private Q_SLOTS:
         }
         rs.CancelUpdate();
         QCOMPARE(clientNames(db), before);
+
+        // Case is case in every language: an accented name differing only so
+        // is the same name, and is found by a seek in either case.
+        test::AddRow(db, kClients,
+                     {{kLast, QStringLiteral("Émile")}, {kFirst, QStringLiteral("Zoë")}});
+        rs.AddNew();
+        rs.Fields(kLast).SetValue(QStringLiteral("émile"));
+        rs.Fields(kFirst).SetValue(QStringLiteral("ZOË"));
+        QVERIFY_DAO_ERROR(rs.Update(), dao::kErrDuplicateKey);
+        rs.CancelUpdate();
+        QVERIFY(!clientAt(db, QStringLiteral("ÉMILE"), QStringLiteral("zoë")).NoMatch());
     }
 
     void readOnlyAccessRefusesWrites() {
