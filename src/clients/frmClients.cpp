@@ -142,8 +142,15 @@ void frmClients::Form_Load() {
         showCount();
         SetDefaultPointer();
     } catch (const std::exception& error) {
+        clearList();
         ReportError(kModule, QStringLiteral("Form_Load"), error);
     }
+}
+
+// A list that could not be read shows no client rather than ones that may be gone.
+void frmClients::clearList() {
+    lstClients->clear();
+    showCount();
 }
 
 void frmClients::fillList(const QStringList& texts) {
@@ -192,6 +199,7 @@ void frmClients::tmrRefresh_Timer() {
         showCount();
         SetDefaultPointer();
     } catch (const std::exception& error) {
+        clearList();
         ReportError(kModule, QStringLiteral("tmrRefresh_Timer"), error);
     }
 }

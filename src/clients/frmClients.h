@@ -71,6 +71,7 @@ private:
     // Keeps the fixed width whenever the window is sized, unless minimised.
     void Form_Resize();
     void fillList(const QStringList& texts);
+    void clearList();
     void showCount();
     // Sets the selected entry, firing the list's Click as a selection does.
     void setListIndex(int index);

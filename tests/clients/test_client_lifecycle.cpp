@@ -368,16 +368,24 @@ private Q_SLOTS:
         QCOMPARE(services.messages.Count(), 0);
     }
 
-    // The deletion is saved, so no failure is told: the list is then empty.
+    // The deletion is saved, so no failure is told; the list, which can't read
+    // an empty table, then shows no client rather than the one gone.
     void deletingTheOnlyClientEmptiesTheTables() {
         ScriptedServices services;
         ClientSlot slot({kAnn});
+        auto* list = LoadForm<frmClients>();
+        QCOMPARE(list->lstClients->count(), 1);
         makeCurrent(kAnn);
         openDialog<frmDeleteClient>()->cm3Yes->click();
         QCOMPARE(slot.RowCounts(), QList<long>(22, 0));
         QCOMPARE(services.messages.Count(), 0);
         QVERIFY(!stillOpen<frmDeleteClient>());
         QVERIFY(CurrentFirst.isEmpty() && CurrentLast.isEmpty());
+        services.messages.Answer(vbOK);
+        list->tmrRefresh_Timer();
+        QVERIFY(services.messages.Last().prompt.contains(QStringLiteral("Error 3021")));
+        QCOMPARE(list->lstClients->count(), 0);
+        QCOMPARE(list->pnlCount->text(), QStringLiteral("0 clients"));
     }
 
     // Another user in the middle of an edit of one of the client's rows.
