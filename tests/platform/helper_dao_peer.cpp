@@ -4,6 +4,8 @@
 //
 //   open <path>                    open the database
 //   hold <path>                    open it for this user alone, until close
+//   read <path> <table>            open it read-only and hold a read of the
+//                                  table's first row in a transaction
 //   timeout <ms>                   set the lock timeout
 //   edit <table> <last> <first>    seek the client by index Name and start Edit
 //   set <field> <text>             assign a text field of the pending Edit
@@ -75,6 +77,12 @@ void run(Peer& peer, const QStringList& words) {
     const QString& command = words.value(0);
     if (command == QLatin1String("open")) {
         peer.db = dao::OpenDatabase(words.value(1));
+    } else if (command == QLatin1String("read")) {
+        peer.db = dao::OpenDatabase(words.value(1), false, true);
+        peer.db.BeginTrans();
+        peer.rs = peer.db.OpenRecordset(words.value(2));
+        peer.rs.MoveFirst();
+        peer.rs.Fields(0).Value();
     } else if (command == QLatin1String("hold")) {
         peer.db = dao::OpenDatabase(words.value(1), true);
     } else if (command == QLatin1String("timeout")) {

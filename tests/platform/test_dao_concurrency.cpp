@@ -87,6 +87,29 @@ private Q_SLOTS:
         QVERIFY(!theirs.NoMatch() && theirs.Fields(kTown).Value().isNull());
     }
 
+    // While another user reads, our Update's commit can't finish: it fails,
+    // leaves nothing written, and the file is free again at once.
+    void aCommitThatCannotFinishLeavesNothingLocked() {
+        makeDatabase(test::SmallTables());
+        dao::Database db = dao::OpenDatabase(path_);
+        test::AddRow(db, kClients,
+                     {{kLast, QStringLiteral("Smith")}, {kFirst, QStringLiteral("Ann")}});
+        PeerProcess peer;
+        QVERIFY(peer.Started());
+        QCOMPARE(peer.Ask({QStringLiteral("read"), path_, kClients}), QStringLiteral("ok"));
+        dao::Recordset ours = clientAt(db, QStringLiteral("Smith"), QStringLiteral("Ann"));
+        ours.Edit();
+        ours.Fields(kTown).SetValue(QStringLiteral("Whitby"));
+        QVERIFY_DAO_ERROR(ours.Update(), dao::kErrSaveLocked);
+        QVERIFY(peer.Quit());
+        dao::Database other = dao::OpenDatabase(path_);
+        dao::Recordset theirs = clientAt(other, QStringLiteral("Smith"), QStringLiteral("Ann"));
+        QVERIFY(theirs.Fields(kTown).IsNull());
+        theirs.Edit();
+        theirs.Fields(kTown).SetValue(QStringLiteral("Leeds"));
+        theirs.Update();
+    }
+
     void anEditInAnotherProcessLocksUsOutUntilItsUpdate() {
         makeDatabase(test::SmallTables());
         {

@@ -164,6 +164,8 @@ private Q_SLOTS:
 
         rs.Seek(QStringLiteral(">="), {QStringLiteral("Jones"), QStringLiteral("C")});
         QCOMPARE(nameOf(rs), QStringLiteral("Smith, Aaron"));
+        rs.Seek(QStringLiteral(">="), {QStringLiteral("jones"), QStringLiteral("BOB")});
+        QCOMPARE(nameOf(rs), QStringLiteral("Jones, Bob"));  // a key that is there
         rs.Seek(QStringLiteral(">"), {QStringLiteral("Smith"), QStringLiteral("Ann")});
         QVERIFY(rs.NoMatch());
         rs.Seek(QStringLiteral("<"), {QStringLiteral("Smith")});
