@@ -7,6 +7,7 @@
 // Existing files of the same names are replaced.
 
 #include "data/delivered_databases.h"
+#include "maintenance/version1_transfer.h"
 #include "platform/dao.h"
 
 #include <QDir>
@@ -23,7 +24,8 @@ using quillon::dao::DaoError;
 int Usage() {
     std::fputs(
         "usage: quillon-makedb delivered <folder>\n"
-        "       quillon-makedb synthetic <path> <count>\n",
+        "       quillon-makedb synthetic <path> <count>\n"
+        "       quillon-makedb version1 <path> <count>\n",
         stderr);
     return 2;
 }
@@ -68,14 +70,17 @@ int main(int argc, char* argv[]) {
             MakeDelivered(QString::fromLocal8Bit(argv[2]));
             return 0;
         }
-        if (command == QLatin1String("synthetic") && argc == 4) {
+        // A client database of synthetic clients, or a first-version one.
+        const bool version1 = command == QLatin1String("version1");
+        if ((command == QLatin1String("synthetic") || version1) && argc == 4) {
             bool isNumber = false;
             const int count = QString::fromLocal8Bit(argv[3]).toInt(&isNumber);
             if (!isNumber || count < 0) {
                 return Usage();
             }
-            Replace(QString::fromLocal8Bit(argv[2]), [count](const QString& path) {
-                quillon::MakeSyntheticClientDatabase(path, count);
+            Replace(QString::fromLocal8Bit(argv[2]), [count, version1](const QString& path) {
+                version1 ? quillon::MakeVersion1Database(path, count)
+                         : quillon::MakeSyntheticClientDatabase(path, count);
             });
             return 0;
         }

@@ -81,4 +81,15 @@ void BackupDatabaseFile(const QString& source, const QString& target) {
     }
 }
 
+void CopyDatabaseInto(const QString& source, const QString& target) {
+    const QString into = PathOnDisk(target);
+    if (!QFileInfo::exists(into)) {
+        Fail(kErrFileNotFound, QStringLiteral("File not found"));
+    }
+    Handle reader = Open(PathOnDisk(source), SQLITE_OPEN_READONLY);
+    Handle writer = Open(into, SQLITE_OPEN_READWRITE);
+    dao::UseProgramCollation(writer.get());
+    CopyAll(reader.get(), writer.get());
+}
+
 }  // namespace quillon

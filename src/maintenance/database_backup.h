@@ -12,4 +12,9 @@ namespace quillon {
 // place, so a failure leaves `target` as it was. Throws a dao::DaoError.
 void BackupDatabaseFile(const QString& source, const QString& target);
 
+// Replaces the contents of the database `target`, which must exist, with those
+// of `source`, in one transaction on the target under its own locks: the file
+// keeps its name and place throughout. Throws a dao::DaoError.
+void CopyDatabaseInto(const QString& source, const QString& target);
+
 }  // namespace quillon

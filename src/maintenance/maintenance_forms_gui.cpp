@@ -5,6 +5,8 @@
 #include "maintenance/frmImport.h"
 #include "maintenance/frmImportWarning.h"
 #include "maintenance/frmRepairWait.h"
+#include "maintenance/frmTransfer.h"
+#include "maintenance/frmTransferWait.h"
 
 namespace quillon {
 
@@ -12,7 +14,7 @@ std::span<const FormRow> MaintenanceForms() {
     static const FormRow forms[] = {
         DialogForm<frmBackup>(), DialogForm<frmCompact>(),    DialogForm<frmCompactWait>(),
         DialogForm<frmRepair>(), DialogForm<frmRepairWait>(), DialogForm<frmImportWarning>(),
-        DialogForm<frmImport>(),
+        DialogForm<frmImport>(), DialogForm<frmTransfer>(),   DialogForm<frmTransferWait>(),
     };
     return forms;
 }
