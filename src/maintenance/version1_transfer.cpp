@@ -270,12 +270,17 @@ TransferEnd TransferClients(const QString& source, const QString& target, const 
                             const TransferProgress& progress) {
     dao::Database from = dao::OpenDatabase(source, false, true);
     dao::Database to = dao::OpenDatabase(target);
+    // The working copy is this transfer's alone: one transaction spares a
+    // wait for the disk at every row, and a cancel simply drops it.
+    to.BeginTrans();
     for (const TransferStep& step : TransferMap()) {
         if (!CopyTable(from, to, step, progress)) {
+            to.Rollback();
             return TransferEnd::Cancelled;
         }
     }
     RefillDescriptions(to, oldFolder);
+    to.CommitTrans();
     return TransferEnd::Done;
 }
 

@@ -13,6 +13,7 @@
 #include "support/shell_testing.h"
 #include "support/sqlite_probe.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QPushButton>
@@ -133,6 +134,30 @@ private Q_SLOTS:
         QVERIFY(told.prompt.startsWith("Module: frmRepairWait\nProcedure: Timer1_Timer\nError "));
         QCOMPARE(told.title, QStringLiteral("Repair database"));
         QCOMPARE(Bytes(Safety()), damaged);
+    }
+
+    // A compact that fails, at a damaged file or at its safety copy, is told
+    // and leaves the live file as it was.
+    void aFailedCompactLeavesTheLiveFile_data() {
+        QTest::addColumn<bool>("damaged");
+        QTest::newRow("damaged file") << true;
+        QTest::newRow("no room for the safety copy") << false;
+    }
+    void aFailedCompactLeavesTheLiveFile() {
+        QFETCH(bool, damaged);
+        if (damaged) {
+            QFile live(Live());
+            QVERIFY(live.open(QIODevice::ReadWrite) && live.resize(live.size() / 2));
+        } else {
+            QFile::remove(Safety());
+            QVERIFY(QDir().mkpath(Safety()));  // a folder where the copy should go
+        }
+        const QByteArray live = Bytes(Live());
+        services_.messages.Answer(vbOK);
+        Run<frmCompact>("cmdContinue");
+        QVERIFY(services_.messages.Last().prompt.startsWith("Module: frmCompactWait"));
+        QCOMPARE(Bytes(Live()), live);
+        QDir(Safety()).removeRecursively();
     }
 
     // Cancel touches nothing.
