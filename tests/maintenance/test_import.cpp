@@ -10,6 +10,7 @@
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
 #include "support/client_slot.h"
+#include "support/peer_process.h"
 #include "support/scripted_services.h"
 #include "support/shell_testing.h"
 #include "support/sqlite_probe.h"
@@ -112,6 +113,24 @@ private Q_SLOTS:
         QVERIFY(services_.messages.Shown().at(0).prompt.startsWith("Error "));
         QVERIFY(target.TablesHolding({"Long", "Bea"}).isEmpty());
         QCOMPARE(target.TablesHolding({"Sample", "A."}).size(), 22);
+    }
+
+    // A process killed while it imports leaves whole clients only.
+    void aKilledImportLeavesWholeClientsOnly() {
+        ClientSlot target(QList<Client>{{"Lovell", "Ada"}});
+        source_ = sources_.filePath("QUILL020.MDB");
+        QFile::remove(source_);
+        MakeSyntheticClientDatabase(source_, 300);
+        PeerProcess peer;
+        QVERIFY(peer.Started());
+        QVERIFY(peer.Ask({"import", target.DatabasePath(), source_}).startsWith("imported"));
+        for (int n = 2; n <= 5; ++n) {
+            QVERIFY(peer.Answer().startsWith("imported"));
+        }
+        QVERIFY(peer.Kill());
+        const QList<long> counts = target.RowCounts();
+        QVERIFY(counts.first() > 5 && counts.first() < 302);
+        QCOMPARE(counts, QList<long>(22, counts.first()));
     }
 
     // Only a file named as a client database is taken; a file that is not a

@@ -14,6 +14,8 @@
 //   add <last> <first>             add the client to every table present
 //   replace <table> <last> <first> <new last> <new first>
 //                                  delete a client's row, add another's
+//   import <target> <source>      import every client of the source into the
+//                                  target, answering "imported <n>" after each
 //   churn                          forever: begin, add a client to every table,
 //                                  commit, answer "committed <n>"
 //   close                          close the recordset and the database
@@ -26,6 +28,7 @@
 #include <iostream>
 #include <string>
 
+#include "maintenance/client_import.h"
 #include "platform/dao.h"
 
 using namespace quillon;
@@ -62,6 +65,29 @@ void replaceClient(Peer& peer, const QStringList& words) {
     rs.Fields(QStringLiteral("Last Name")).SetValue(words.value(4));
     rs.Fields(QStringLiteral("First Names")).SetValue(words.value(5));
     rs.Update();
+}
+
+void importAll(const QString& target, const QString& source) {
+    dao::Database from = dao::OpenDatabase(source, false, true);
+    QStringList entries;
+    {
+        dao::Recordset clients = from.OpenRecordset(QStringLiteral("Clients"));
+        for (clients.MoveFirst(); !clients.IsEOF(); clients.MoveNext()) {
+            entries << clients.Fields(QStringLiteral("Last Name")).Value().toString() +
+                           QStringLiteral(", ") +
+                           clients.Fields(QStringLiteral("First Names")).Value().toString();
+        }
+    }
+    ClientTables tables;
+    tables.Open(target);
+    int n = 0;
+    for (const QString& entry : entries) {
+        if (const auto client = ReadSourceClient(from, entry)) {
+            AddImportedClient(tables, *client);
+            answer(QStringLiteral("imported %1").arg(++n));
+        }
+    }
+    tables.Close();
 }
 
 [[noreturn]] void churn(Peer& peer) {
@@ -104,6 +130,8 @@ void run(Peer& peer, const QStringList& words) {
         addClientEverywhere(peer, words.value(1), words.value(2));
     } else if (command == QLatin1String("replace")) {
         replaceClient(peer, words);
+    } else if (command == QLatin1String("import")) {
+        importAll(words.value(1), words.value(2));
     } else if (command == QLatin1String("churn")) {
         churn(peer);
     } else if (command == QLatin1String("close")) {
