@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include <cctype>
-
 #include "platform/dao_internal.h"
 
 namespace quillon::dao {
@@ -85,9 +83,10 @@ int CompareFolded(void*, int leftSize, const void* left, int rightSize, const vo
     const auto* b = static_cast<const unsigned char*>(right);
     const int common = std::min(leftSize, rightSize);
     int i = 0;
+    const auto fold = [](unsigned char c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : c; };
     for (; i < common && a[i] < 0x80 && b[i] < 0x80; ++i) {
-        const int ca = std::tolower(a[i]);
-        const int cb = std::tolower(b[i]);
+        const int ca = fold(a[i]);
+        const int cb = fold(b[i]);
         if (ca != cb) {
             return ca - cb;
         }
