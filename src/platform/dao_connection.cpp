@@ -317,7 +317,7 @@ QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type) {
         const QDateTime when = QDateTime::fromString(value, Qt::ISODate);
         return when.isValid() ? QVariant(when) : QVariant(value);
     }
-    return QVariant(value);
+    return QVariant(std::move(value));
 }
 
 void BindValue(sqlite3_stmt* statement, int position, const QVariant& value) {

@@ -150,6 +150,7 @@ struct RecordsetState {
         QVariantList values;
     };
     std::deque<RowAhead> ahead;
+    int aheadTakenSinceCheck = 0;
     // How many rows the next step from a row reads: more each time a walk
     // goes on, back to a few at any other positioning.
     int readAhead = 0;

@@ -227,14 +227,22 @@ QVariantList RecordsetState::RowValues(sqlite3_stmt* statement) const {
     QVariantList row;
     row.reserve(count);
     for (int i = 0; i < count; ++i) {
-        row << (i < available ? ColumnValue(statement, i + 1, table->fields[i].type) : QVariant());
+        row.emplaceBack(i < available ? ColumnValue(statement, i + 1, table->fields[i].type)
+                                      : QVariant());
     }
     return row;
 }
 
 bool RecordsetState::TakeRowAhead() {
-    if (ahead.empty() || aheadEpoch != connection->writeEpoch ||
-        std::chrono::steady_clock::now() - aheadReadAt > kReadAheadLifetime) {
+    // The clock is asked every few rows: a row taken a moment past the
+    // lifetime is no staler than the one read just before it.
+    constexpr int kTakesBetweenClockChecks = 16;
+    bool stale = ahead.empty() || aheadEpoch != connection->writeEpoch;
+    if (!stale && ++aheadTakenSinceCheck >= kTakesBetweenClockChecks) {
+        aheadTakenSinceCheck = 0;
+        stale = std::chrono::steady_clock::now() - aheadReadAt > kReadAheadLifetime;
+    }
+    if (stale) {
         ahead.clear();
         return false;
     }
