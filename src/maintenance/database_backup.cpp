@@ -67,7 +67,9 @@ void BackupDatabaseFile(const QString& source, const QString& target) {
     const QString partial = target + QStringLiteral(".partial");
     QFile::remove(partial);
     {
-        Handle reader = Open(from, SQLITE_OPEN_READONLY);
+        // Opened for writing, though only read, so that a journal left by a
+        // crashed user is rolled back before the copy is taken.
+        Handle reader = Open(from, SQLITE_OPEN_READWRITE);
         Handle writer = Open(partial, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         CopyAll(reader.get(), writer.get());
     }
@@ -86,7 +88,7 @@ void CopyDatabaseInto(const QString& source, const QString& target) {
     if (!QFileInfo::exists(into)) {
         Fail(kErrFileNotFound, QStringLiteral("File not found"));
     }
-    Handle reader = Open(PathOnDisk(source), SQLITE_OPEN_READONLY);
+    Handle reader = Open(PathOnDisk(source), SQLITE_OPEN_READWRITE);
     Handle writer = Open(into, SQLITE_OPEN_READWRITE);
     dao::UseProgramCollation(writer.get());
     CopyAll(reader.get(), writer.get());
