@@ -1,4 +1,5 @@
 #include "data/convert.h"
+#include "data/currency.h"
 
 #include <QLocale>
 #include <QTest>
@@ -82,6 +83,21 @@ private Q_SLOTS:
         QLocale::setDefault(previous);
         QCOMPARE(read, 1.5);
         QCOMPARE(shown, QString("1234567"));
+    }
+    void moneyTextAndExactSums() {
+        const char* rows[][3] = {
+            {"-500", "    (500)", "    (500)"},    {"(500)", "", ""},
+            {"12.5", "      13", "      13"},      {"99999999", "99999999", "99999999"},
+            {"100000000", "10000000", "********"}, {"-9999999", "(9999999)", "(9999999)"},
+            {"-10000000", "(10000000", "********"}};
+        for (const auto& row : rows) {
+            QCOMPARE(MoneyText(Currency::FromText(row[0])), QString(row[1]));
+            QCOMPARE(MoneyTotalText(Currency::FromText(row[0])), QString(row[2]));
+        }
+        Currency sum;
+        for (int i = 0; i < 100000; ++i)
+            sum += Currency::FromText("0.1");
+        QCOMPARE(sum, Currency::FromPounds(10000));
     }
 };
 
