@@ -13,7 +13,6 @@
 #include <sqlite3.h>
 
 #include <chrono>
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -145,11 +144,20 @@ struct RecordsetState {
     // Rows that follow the current one, read with it so that a walk with
     // MoveNext does not pay for a query per row. They serve only a MoveNext
     // that comes soon after and with no write of ours in between.
-    struct RowAhead {
-        qint64 rowid;
-        QVariantList values;
+    // They stand in one buffer, a row's fields one after the other, so that a
+    // step costs no allocation.
+    struct RowsAhead {
+        std::vector<qint64> rowids;
+        QVariantList cells;
+        size_t next = 0;
+        bool empty() const { return next >= rowids.size(); }
+        void clear() {
+            rowids.clear();
+            cells.clear();
+            next = 0;
+        }
     };
-    std::deque<RowAhead> ahead;
+    RowsAhead ahead;
     int aheadTakenSinceCheck = 0;
     // How many rows the next step from a row reads: more each time a walk
     // goes on, back to a few at any other positioning.
@@ -164,22 +172,41 @@ struct RecordsetState {
     std::vector<bool> assigned;
 
     Connection& Conn() const;  // the open connection, or 3420
-    void RequireOpen() const;
+    // The checks run at every move and field of a walk: inline, with the
+    // failures out of line.
+    void RequireOpen() const {
+        if (closed || !connection || !connection->IsOpen()) [[unlikely]] {
+            ThrowClosed();
+        }
+    }
     void RequireWritable() const;
-    void RequireCurrentRow() const;
+    void RequireCurrentRow() const {
+        RequireOpen();
+        if (!hasRow) [[unlikely]] {
+            ThrowNoCurrentRow();
+        }
+    }
+    [[noreturn]] void ThrowClosed() const;
+    [[noreturn]] void ThrowNoCurrentRow() const;
     QString ReadOnlyMessage() const;
 
     // Reads the row at `statement`'s current step (rowid first, then the fields).
     void TakeRow(sqlite3_stmt* statement);
     QVariantList RowValues(sqlite3_stmt* statement) const;
+    void AppendRowValues(sqlite3_stmt* statement, QVariantList& cells) const;
     bool TakeRowAhead();  // false when no fresh row ahead is there
+    void TakeNextRowAhead();
     void SetBeforeFirst(bool emptyToo);
     void SetAfterLast(bool emptyToo);
     void SetNowhere();
     QVariantList KeyValues() const;  // the reference row's index key values
 
     void Start();    // stands on the first row, or at BOF and EOF when there is none
-    void Settle();   // runs a pending Start
+    void Settle() {  // runs a pending Start
+        if (startPending) [[unlikely]] {
+            Start();
+        }
+    }
     void EndEdit();  // drops the edit buffer and any Edit lock
     void EndEditQuietly() noexcept;
     bool RereadCurrentRow();

@@ -42,25 +42,37 @@ QString selectSql(const RecordsetState& state, const QStringList& where, Directi
            QStringLiteral(" LIMIT 1");
 }
 
-// Reads the first row that `sql` selects; false when there is none. Further
-// rows that it selects are kept as the rows ahead.
-bool fetchWith(RecordsetState& state, const QString& sql, const QVariantList& binds) {
+// Reads every row that `sql` selects into the rows ahead.
+void readRows(RecordsetState& state, const QString& sql, const QVariantList& binds) {
     Query query(state.Conn(), sql);
     for (int i = 0; i < binds.size(); ++i) {
         query.Bind(i + 1, binds[i]);
     }
-    state.ahead.clear();
-    if (!query.Step(QString(), state.table.get())) {
+    while (query.Step(QString(), state.table.get())) {
+        state.ahead.rowids.push_back(sqlite3_column_int64(query.Statement(), 0));
+        state.AppendRowValues(query.Statement(), state.ahead.cells);
+    }
+}
+
+// Stands on the first of the rows just read, the others staying ahead; false
+// when there is none.
+bool standOnFirstRowRead(RecordsetState& state) {
+    if (state.ahead.empty()) {
         return false;
     }
-    state.TakeRow(query.Statement());
-    while (query.Step(QString(), state.table.get())) {
-        state.ahead.push_back(
-            {sqlite3_column_int64(query.Statement(), 0), state.RowValues(query.Statement())});
-    }
+    state.TakeNextRowAhead();
     state.aheadEpoch = state.connection->writeEpoch;
     state.aheadReadAt = std::chrono::steady_clock::now();
+    state.aheadTakenSinceCheck = 0;
     return true;
+}
+
+// Reads the first row that `sql` selects; false when there is none. Further
+// rows that it selects are kept as the rows ahead.
+bool fetchWith(RecordsetState& state, const QString& sql, const QVariantList& binds) {
+    state.ahead.clear();
+    readRows(state, sql, binds);
+    return standOnFirstRowRead(state);
 }
 
 bool fetchRow(RecordsetState& state, const QStringList& where, const QVariantList& binds,
@@ -92,47 +104,70 @@ bool allPresent(const QVariantList& keys) {
     return true;
 }
 
-// One query for the common case of a forward step from non-Null keys: the row
-// value comparison uses the index directly, and rows with Null keys, which sort
-// first, are rightly left out.
-bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys,
-                            std::optional<qint64> rowid, bool inclusive) {
-    QVariantList binds = keys;
-    if (rowid) {
-        binds << *rowid;
+QString keyCondition(const RecordsetState& state, int level, const QString& comparison) {
+    return state.table->quotedFields[keyColumns(state)[level]] + comparison;
+}
+
+// A forward step of a walk from a row with all its keys, reading rows ahead:
+// more at each step, up to a limit. The rows that share the row's first key
+// come from a query of their own, and the rest from one that the index alone
+// bounds, so that the engine compares no key of the many rows it passes on.
+bool fetchStepForward(RecordsetState& state, const QVariantList& keys, qint64 rowid) {
+    constexpr int kSameFirstKey = -3;
+    constexpr int kBeyondFirstKey = -4;
+    QString& sameFirst = state.sqlByShape[kSameFirstKey];
+    QString& beyondFirst = state.sqlByShape[kBeyondFirstKey];
+    const int count = int(keys.size());
+    if (sameFirst.isEmpty()) {
+        QStringList rest;
+        for (int i = 1; i < count; ++i) {
+            rest << state.table->quotedFields[keyColumns(state)[i]];
+        }
+        rest << QStringLiteral("rowid");
+        QStringList marks;
+        for (int i = 2; i <= count + 1; ++i) {
+            marks << QStringLiteral("?%1").arg(i);
+        }
+        const QString tail = QLatin1Char('(') + rest.join(QStringLiteral(", ")) +
+                             QStringLiteral(") > (") + marks.join(QStringLiteral(", ")) +
+                             QLatin1Char(')');
+        sameFirst = selectSql(state, {keyCondition(state, 0, QStringLiteral(" = ?1")), tail},
+                              Direction::Forward);
+        sameFirst.replace(QStringLiteral(" LIMIT 1"), QStringLiteral(" LIMIT ?%1").arg(count + 2));
+        beyondFirst =
+            selectSql(state, {keyCondition(state, 0, QStringLiteral(" > ?1"))}, Direction::Forward);
+        beyondFirst.replace(QStringLiteral(" LIMIT 1"), QStringLiteral(" LIMIT ?2"));
     }
-    const int shape = int(keys.size()) * 4 + (rowid ? 1 : 0) + (inclusive ? 2 : 0);
+    state.readAhead =
+        state.readAhead == 0 ? kRowsReadAhead : std::min(state.readAhead * 2, kMostRowsReadAhead);
+    state.ahead.clear();
+    readRows(state, sameFirst, keys + QVariantList{rowid, state.readAhead});
+    const int wanted = state.readAhead - int(state.ahead.rowids.size());
+    if (wanted > 0) {
+        readRows(state, beyondFirst, {keys[0], wanted});
+    }
+    return standOnFirstRowRead(state);
+}
+
+// One query for a seek forward from non-Null keys: the row value comparison
+// uses the index directly, and rows with Null keys, which sort first, are
+// rightly left out.
+bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys, bool inclusive) {
+    const int shape = int(keys.size()) * 4 + (inclusive ? 2 : 0);
     QString& sql = state.sqlByShape[shape];
     if (sql.isEmpty()) {
-        const std::vector<int> columns = keyColumns(state);
         QStringList left;
         for (int i = 0; i < keys.size(); ++i) {
-            left << state.table->quotedFields[columns[i]];
+            left << state.table->quotedFields[keyColumns(state)[i]];
         }
-        if (rowid) {
-            left << QStringLiteral("rowid");
-        }
-        const QString comparison =
-            inclusive && !rowid ? QStringLiteral(" >= ") : QStringLiteral(" > ");
         const QString condition =
-            QLatin1Char('(') + left.join(QStringLiteral(", ")) + QLatin1Char(')') + comparison +
-            QLatin1Char('(') +
+            QLatin1Char('(') + left.join(QStringLiteral(", ")) + QLatin1Char(')') +
+            (inclusive ? QStringLiteral(" >= ") : QStringLiteral(" > ")) + QLatin1Char('(') +
             QStringList(left.size(), QStringLiteral("?")).join(QLatin1Char(',')) + QLatin1Char(')');
         sql = selectSql(state, {condition}, Direction::Forward);
-        if (rowid) {
-            // A step from a row: likely one of many, so read some ahead.
-            sql.replace(QStringLiteral(" LIMIT 1"),
-                        QStringLiteral(" LIMIT ?%1").arg(binds.size() + 1));
-        }
     }
-    if (rowid) {
-        state.readAhead = state.readAhead == 0 ? kRowsReadAhead
-                                               : std::min(state.readAhead * 2, kMostRowsReadAhead);
-        binds << state.readAhead;
-    } else {
-        state.readAhead = 0;
-    }
-    return fetchWith(state, sql, binds);
+    state.readAhead = 0;
+    return fetchWith(state, sql, keys);
 }
 
 // Finds the nearest row beyond the boundary `keys` (the first keys.size() key
@@ -141,8 +176,13 @@ bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys,
 // count as beyond it. Null sorts before any value, as it does in the index.
 bool fetchBeyond(RecordsetState& state, const QVariantList& keys, std::optional<qint64> rowid,
                  Direction direction, bool inclusive) {
-    if (direction == Direction::Forward && allPresent(keys) && (rowid || !keys.isEmpty())) {
-        return fetchForwardByRowValue(state, keys, rowid, inclusive);
+    if (direction == Direction::Forward && allPresent(keys)) {
+        if (rowid && !keys.isEmpty()) {
+            return fetchStepForward(state, keys, *rowid);
+        }
+        if (!rowid && !keys.isEmpty()) {
+            return fetchForwardByRowValue(state, keys, inclusive);
+        }
     }
     const std::vector<int> columns = keyColumns(state);
     const bool forward = direction == Direction::Forward;
@@ -206,31 +246,30 @@ Connection& RecordsetState::Conn() const {
     return *connection;
 }
 
-void RecordsetState::RequireOpen() const {
-    if (closed || !connection || !connection->IsOpen()) {
-        throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset of table '%1' is closed.")
-                                              .arg(table ? table->name : QString()));
-    }
+void RecordsetState::ThrowClosed() const {
+    throw DaoError(kErrObjectInvalid, QStringLiteral("The recordset of table '%1' is closed.")
+                                          .arg(table ? table->name : QString()));
 }
 
-void RecordsetState::RequireCurrentRow() const {
-    RequireOpen();
-    if (!hasRow) {
-        throw DaoError(kErrNoCurrentRecord,
-                       QStringLiteral("There is no current row in table '%1'.").arg(table->name));
-    }
+void RecordsetState::ThrowNoCurrentRow() const {
+    throw DaoError(kErrNoCurrentRecord,
+                   QStringLiteral("There is no current row in table '%1'.").arg(table->name));
 }
 
 QVariantList RecordsetState::RowValues(sqlite3_stmt* statement) const {
+    QVariantList row;
+    row.reserve(qsizetype(table->fields.size()));
+    AppendRowValues(statement, row);
+    return row;
+}
+
+void RecordsetState::AppendRowValues(sqlite3_stmt* statement, QVariantList& cells) const {
     const int available = sqlite3_column_count(statement) - 1;
     const int count = int(table->fields.size());
-    QVariantList row;
-    row.reserve(count);
     for (int i = 0; i < count; ++i) {
-        row.emplaceBack(i < available ? ColumnValue(statement, i + 1, table->fields[i].type)
-                                      : QVariant());
+        cells.emplaceBack(i < available ? ColumnValue(statement, i + 1, table->fields[i].type)
+                                        : QVariant());
     }
-    return row;
 }
 
 bool RecordsetState::TakeRowAhead() {
@@ -246,10 +285,25 @@ bool RecordsetState::TakeRowAhead() {
         ahead.clear();
         return false;
     }
-    rowid = ahead.front().rowid;
-    values = std::move(ahead.front().values);
-    ahead.pop_front();
+    TakeNextRowAhead();
     return true;
+}
+
+void RecordsetState::TakeNextRowAhead() {
+    const qsizetype width = qsizetype(table->fields.size());
+    if (values.size() != width) {
+        values.resize(width);
+    }
+    QVariant* cell = ahead.cells.data() + qsizetype(ahead.next) * width;
+    for (QVariant& value : values) {
+        value.swap(*cell++);
+    }
+    rowid = ahead.rowids[ahead.next++];
+    startPending = false;
+    hasRow = true;
+    cursorValid = true;
+    bof = false;
+    eof = false;
 }
 
 void RecordsetState::TakeRow(sqlite3_stmt* statement) {
@@ -295,12 +349,6 @@ QVariantList RecordsetState::KeyValues() const {
         keys << values[column];
     }
     return keys;
-}
-
-void RecordsetState::Settle() {
-    if (startPending) {
-        Start();
-    }
 }
 
 void RecordsetState::Start() {

@@ -135,6 +135,13 @@ private Q_SLOTS:
         rs.Seek(QStringLiteral("="), {QStringLiteral("LEEDS")});
         QVERIFY(!rs.NoMatch());
         QCOMPARE(rs.Fields(QStringLiteral("Note")).Value().toString(), QStringLiteral("1"));
+        // A walk on from a seek: first the rows of the same key, then those beyond.
+        QStringList onward;
+        for (rs.MoveNext(); !rs.IsEOF(); rs.MoveNext()) {
+            onward << rs.Fields(QStringLiteral("Note")).Value().toString();
+        }
+        QCOMPARE(onward, expected.mid(3));
+        rs.Seek(QStringLiteral("="), {QStringLiteral("LEEDS")});
         rs.Seek(QStringLiteral("<="), {QStringLiteral("leeds")});
         QCOMPARE(rs.Fields(QStringLiteral("Note")).Value().toString(), QStringLiteral("5"));
         rs.Seek(QStringLiteral("<"), {QStringLiteral("Bath")});
