@@ -14,10 +14,11 @@ QStringList Operations(const ReportPage& page) {
     };
     const auto fill = [](ReportColour colour) { return " fill " + ToQColor(colour).name(); };
     const auto font = [](const QFont& f) {
-        return QStringLiteral(" %1 %2%3%4")
+        return QStringLiteral(" %1 %2%3%4%5")
             .arg(f.family())
             .arg(f.pixelSize())
-            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "");
+            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "",
+                 f.underline() ? " underlined" : "");
     };
     QStringList lines;
     for (const DrawOp& op : page.ops) {
