@@ -61,6 +61,38 @@ QMultiMap<QString, QRectF> Words(const QString& pdf, int page) {
     return words;
 }
 
+namespace {
+
+QString ToolOutput(const QString& tool, const QString& pdf) {
+    QProcess process;
+    process.start(tool, {pdf});
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+}  // namespace
+
+QString PdfTitle(const QString& pdf) {
+    static const QRegularExpression title(QStringLiteral("^Title: *(.*)$"),
+                                          QRegularExpression::MultilineOption);
+    return title.match(ToolOutput(QStringLiteral("pdfinfo"), pdf)).captured(1);
+}
+
+QMap<QString, bool> PdfFonts(const QString& pdf) {
+    QMap<QString, bool> fonts;
+    // Below two heading lines, a line a font ending in its columns emb, sub,
+    // uni and the object's number and generation.
+    const QStringList lines =
+        ToolOutput(QStringLiteral("pdffonts"), pdf).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines.mid(2)) {
+        const QStringList columns = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        if (columns.size() >= 6) {
+            fonts.insert(columns.first(), columns.at(columns.size() - 5) == QLatin1String("yes"));
+        }
+    }
+    return fonts;
+}
+
 QImage Rendered(const QString& pdf) {
     QProcess::execute(QStringLiteral("pdftoppm"),
                       {"-r", "254", "-gray", "-singlefile", "-f", "1", "-l", "1", pdf, pdf});
