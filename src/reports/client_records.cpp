@@ -11,6 +11,7 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <span>
@@ -83,20 +84,19 @@ class Lines {
 public:
     void Put(int column, const QString& text) {
         const double start = kColumns.at(size_t(column - 1));
-        const double blank = Printer.TextWidth(QStringLiteral(" "));
         double x = start;
+        if (Printer.CurrentX() > 0) {
+            x = std::max(start, Printer.CurrentX() + Printer.TextWidth(QStringLiteral(" ")));
+            if (x > start && x + Printer.TextWidth(text) > Printer.ScaleWidth()) {
+                End();
+                x = start;
+            }
+        }
         // The printer's own overflow would start the next page at its left
         // edge; a line that runs over keeps its column.
         if (Printer.CurrentX() == 0 && Printer.CurrentY() > 0 &&
             Printer.CurrentY() + Printer.TextHeight(text) > Printer.ScaleHeight()) {
             Printer.NewPage();
-        }
-        if (Printer.CurrentX() > 0 && Printer.CurrentX() + blank > x) {
-            x = Printer.CurrentX() + blank;
-            if (x + Printer.TextWidth(text) > Printer.ScaleWidth()) {
-                End();
-                x = start;
-            }
         }
         Printer.setCurrentX(x);
         Printer.PrintRunOn(text);
