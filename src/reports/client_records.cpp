@@ -197,7 +197,7 @@ enum class Rule {
     Choice,      // the name of the field's number, from 1
     Telephones,  // the four numbers of the personal row
     Spouse,
-    Children,
+    Children,    // each named child: `Child n Name` and `Child n DOB`
     Indicators,  // each described indicator and whether it is set
     Director,    // director, and close company at column 3
     Earnings,    // each tax year with net relevant earnings
