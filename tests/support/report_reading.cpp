@@ -41,6 +41,14 @@ QStringList Operations(const ReportPage& page) {
     return lines;
 }
 
+QStringList Operations(const PageDocument& document) {
+    QStringList lines;
+    for (int page = 0; page < document.PageCount(); ++page) {
+        lines << QStringLiteral("page %1").arg(page + 1) << Operations(document.pages.at(page));
+    }
+    return lines;
+}
+
 QMultiMap<QString, QRectF> Words(const QString& pdf, int page) {
     QProcess text;
     const QString number = QString::number(page);
@@ -80,15 +88,12 @@ QString PdfTitle(const QString& pdf) {
 
 QMap<QString, bool> PdfFonts(const QString& pdf) {
     QMap<QString, bool> fonts;
-    // Below two heading lines, a line a font ending in its columns emb, sub,
-    // uni and the object's number and generation.
-    const QStringList lines =
-        ToolOutput(QStringLiteral("pdffonts"), pdf).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString& line : lines.mid(2)) {
+    // Under two lines of headings, a line a font, whose last five columns are
+    // emb, sub, uni and the object's number and generation.
+    const QString listed = ToolOutput(QStringLiteral("pdffonts"), pdf);
+    for (const QString& line : listed.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(2)) {
         const QStringList columns = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        if (columns.size() >= 6) {
-            fonts.insert(columns.first(), columns.at(columns.size() - 5) == QLatin1String("yes"));
-        }
+        fonts.insert(columns.first(), columns.value(columns.size() - 5) == QLatin1String("yes"));
     }
     return fonts;
 }

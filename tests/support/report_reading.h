@@ -15,6 +15,8 @@ namespace quillon::testing {
 // One line for each operation on the page: its kind, points in twips, then its
 // text, pen, fill or font.
 QStringList Operations(const ReportPage& page);
+// The operations of every page of `document`, each page under "page" and its number.
+QStringList Operations(const PageDocument& document);
 
 // The words of page `page` of a PDF file, boxes in mm from the sheet's corner.
 QMultiMap<QString, QRectF> Words(const QString& pdf, int page = 1);
