@@ -30,21 +30,13 @@ namespace {
 void FillClientRows() {
     QFile file(QStringLiteral(QUILLON_TEST_DATA_DIR "/records/client-rows.txt"));
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
     for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
         const QStringList part = line.split(QLatin1Char('|'));
-        if (part.size() != 4 || line.startsWith(QLatin1Char('#'))) {
-            continue;
+        if (part.size() == 4 && !line.startsWith(QLatin1Char('#'))) {
+            const QVariant value = part[3] == QLatin1String("Yes") ? QVariant(true) : part[3];
+            SetFields(part[0], part[1] == QLatin1String("Lovell") ? kAda : kBert,
+                      {{part[2], value}});
         }
-        dao::Recordset row = db.OpenRecordset(part[0]);
-        row.SetIndex(QStringLiteral("Name"));
-        const ClientName client = part[1] == QLatin1String("Lovell") ? kAda : kBert;
-        row.Seek(QStringLiteral("="), {client.last, client.first});
-        row.Edit();
-        dao::Field field = row.Fields(part[2]);
-        field.SetValue(field.Type() == dao::dbBoolean ? QVariant(part[3] == QLatin1String("Yes"))
-                                                      : QVariant(part[3]));
-        row.Update();
     }
 }
 
@@ -53,15 +45,13 @@ void FillClientRows() {
 void FillWholePages() {
     using Fields = QList<QPair<QString, QVariant>>;
     const QString wide(60, QLatin1Char('W'));
+    Fields fields;
+    for (int n = 1; n <= 8; ++n) {
+        fields += {{QStringLiteral("Tax Year %1").arg(n), QStringLiteral("2019-20")},
+                   {QStringLiteral("NRE %1").arg(n), QStringLiteral("99999999")},
+                   {QStringLiteral("Address %1").arg(qMin(n, 5)), wide}};
+    }
     for (int page = 1; page <= 4; ++page) {
-        Fields fields;
-        for (int n = 1; n <= 8; ++n) {
-            fields += {{QStringLiteral("Tax Year %1").arg(n), QStringLiteral("2019-20")},
-                       {QStringLiteral("NRE %1").arg(n), QStringLiteral("99999999")}};
-        }
-        for (int n = 1; n <= 5; ++n) {
-            fields += {QStringLiteral("Address %1").arg(n), wide};
-        }
         SetFields(QStringLiteral("Employment %1").arg(page), kCora,
                   fields + Fields{{"Employer", wide}, {"Occupation", wide}});
         SetFields(QStringLiteral("Business %1").arg(page), kCora,
@@ -178,8 +168,7 @@ private Q_SLOTS:
         desktop_.services.messages.Answer(vbOK);
         Print({"Lovell, Ada"});
         const ShownMessage told = desktop_.services.messages.Last();
-        QVERIFY2(told.prompt.startsWith("Module: frmClientRecords\nProcedure: cm3Print_Click\n"),
-                 qPrintable(told.prompt));
+        QVERIFY(told.prompt.startsWith("Module: frmClientRecords\nProcedure: cm3Print_Click\n"));
         QCOMPARE(told.title, QStringLiteral("Client Records"));
     }
 };

@@ -193,8 +193,7 @@ private Q_SLOTS:
         const QString pdf = Save(form, QStringLiteral("places.pdf"));
         // The file names its document and carries its fonts, to print alike anywhere.
         QCOMPARE(PdfTitle(pdf), QStringLiteral("Form 64-8"));
-        const QMap<QString, bool> fonts = PdfFonts(pdf);
-        QVERIFY(!fonts.isEmpty() && !fonts.values().contains(false));
+        QVERIFY(!PdfFonts(pdf).isEmpty() && !PdfFonts(pdf).values().contains(false));
         const auto words = Words(pdf);
         // Some word of the text stands with its left or right edge at `mm`.
         const auto standsAt = [&words](const char* word, double mm, bool right = false) {
@@ -230,10 +229,7 @@ private Q_SLOTS:
         QTest::addColumn<double>("top");
         QTest::addColumn<QList<double>>("centres");  // from 106 mm
         const QList<double> nino{2.5, 8, 16, 21.5, 29.5, 35, 43, 48.5, 56.5};
-        QList<double> even;
-        for (int n = 0; n < 10; ++n) {
-            even << 5.5 * n + 2.5;
-        }
+        const QList<double> even{2.5, 8, 13.5, 19, 24.5, 30, 35.5, 41, 46.5, 52};
         QTest::newRow("client's NI number") << "txtClientNINO" << 50.0 << nino;
         QTest::newRow("tax credit NI number") << "txtTaxCreditNINO" << 107.0 << nino;
         QTest::newRow("joint claimant's NI number") << "txtJointClaimantNINO" << 156.0 << nino;
@@ -258,11 +254,8 @@ private Q_SLOTS:
                 if (!text || text->text.size() != 1 || y < top || y > top + 6) {
                     continue;
                 }
-                const double centre =
-                    (text->topLeft.x() +
-                     QFontMetricsF(text->font).horizontalAdvance(text->text) / 2) /
-                        kUnitsPerMm -
-                    106;
+                const double middle = QFontMetricsF(text->font).horizontalAdvance(text->text) / 2;
+                const double centre = (text->topLeft.x() + middle) / kUnitsPerMm - 106;
                 QVERIFY(qAbs(centre - centres.value(placed.size(), -99)) < 0.3);
                 placed += text->text;
             }
