@@ -1,8 +1,12 @@
 // A long report through the drawing routines into a PDF file: 100 pages of 60
 // lines, each line one text or, as a full diary report lays them out, four.
-// One agent authorisation form, both pages filled, into a PDF file.
+// One agent authorisation form, both pages filled, into a PDF file. The client
+// records of 100 synthetic clients with every section, through the plain
+// printer into the PDF printer's file.
 
+#include "correspondence/list_entries.h"
 #include "platform/services.h"
+#include "reports/client_records.h"
 #include "reports/form64_8.h"
 #include "reports/print_backend.h"
 #include "reports/vsprint.h"
@@ -11,6 +15,7 @@
 #include <QTemporaryDir>
 
 #include "bench_main.h"
+#include "synthetic_slot.h"
 
 #include <benchmark/benchmark.h>
 
@@ -112,6 +117,41 @@ void BM_Form64ToPdf(benchmark::State& state) {
     InstallServices(previous);
 }
 BENCHMARK(BM_Form64ToPdf)->Unit(benchmark::kMillisecond)->Repetitions(5)->Iterations(5);
+
+// The PDF printer's file dialog, always answering the same file.
+class FixedFile : public FileDialogService {
+public:
+    explicit FixedFile(QString path) : path_(std::move(path)) {}
+    QString OpenFileName(const QString&, const QString&, const QString&) override { return path_; }
+    QString SaveFileName(const QString&, const QString&, const QString&) override { return path_; }
+    QString FolderName(const QString&, const QString&) override { return {}; }
+
+private:
+    QString path_;
+};
+
+void BM_ClientRecordsOfAHundredClientsToPdf(benchmark::State& state) {
+    bench::TheSyntheticSlot();
+    const QStringList entries = ClientEntries().mid(0, 100);
+    QTemporaryDir dir;
+    PdfOnlyPrinters printers;
+    FixedFile file(dir.filePath(QStringLiteral("records.pdf")));
+    Services services = CurrentServices();
+    services.printers = &printers;
+    services.fileDialogs = &file;
+    const Services previous = InstallServices(services);
+    ErrorDetails failure;
+    for (auto _ : state) {
+        if (!PrintClientRecords(entries, AllRecordSections(), failure)) {
+            state.SkipWithError(qPrintable(failure.description));
+        }
+    }
+    InstallServices(previous);
+}
+BENCHMARK(BM_ClientRecordsOfAHundredClientsToPdf)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->Iterations(1);
 
 }  // namespace
 

@@ -18,6 +18,15 @@ bool ClientRowSet::Seek(const ClientName& client) {
     return !rows_.front().NoMatch();
 }
 
+bool ClientRowSet::Found(const QString& table) const {
+    for (const dao::Recordset& row : rows_) {
+        if (row.Name().compare(table, Qt::CaseInsensitive) == 0) {
+            return !row.NoMatch();
+        }
+    }
+    return false;
+}
+
 QVariant ClientRowSet::Value(const QString& table, const QString& field) const {
     for (const dao::Recordset& row : rows_) {
         if (row.Name().compare(table, Qt::CaseInsensitive) == 0) {

@@ -18,6 +18,8 @@ public:
     ClientRowSet(dao::Database& db, const QStringList& tables);
     // False when the client is not in `Clients`.
     bool Seek(const ClientName& client);
+    // Whether the client has a row in `table`.
+    bool Found(const QString& table) const;
     QVariant Value(const QString& table, const QString& field) const;
     // The field's text, empty for Null.
     QString Text(const QString& table, const QString& field) const;

@@ -1,5 +1,6 @@
 #include "reports/report_forms_gui.h"
 
+#include "reports/frmClientRecords.h"
 #include "reports/frmForm64_8.h"
 #include "reports/frmVSPrintSettings.h"
 
@@ -9,6 +10,7 @@ std::span<const FormRow> ReportForms() {
     static const FormRow forms[] = {
         DialogForm<frmVSPrintSettings>(),
         DialogForm<frmForm64_8>(),
+        ChildForm<frmClientRecords>(),
     };
     return forms;
 }

@@ -2,6 +2,7 @@
 // rules between its boxes, both pages compared with their references, their
 // places read back from the PDF file, and the saving of the file.
 
+#include "reports/form64_8.h"
 #include "reports/frmForm64_8.h"
 #include "reports/report_state.h"
 #include "reports/vsprint.h"
@@ -14,6 +15,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
@@ -169,13 +171,8 @@ private Q_SLOTS:
         }
         const QString pdf = Save(form, QStringLiteral("%1.pdf").arg(QTest::currentDataTag()));
         QVERIFY(QFileInfo(pdf).size() > 0);
-        QStringList operations;
-        const PageDocument& document = VSDocumentControl().Document();
-        QCOMPARE(document.PageCount(), 2);
-        for (int page = 0; page < document.PageCount(); ++page) {
-            operations << QStringLiteral("page %1").arg(page + 1)
-                       << Operations(document.pages.at(page));
-        }
+        QCOMPARE(VSDocumentControl().Document().PageCount(), 2);
+        const QStringList operations = Operations(VSDocumentControl().Document());
         if (QTest::currentDataTag() == QLatin1String("individual")) {
             const QString picture =
                 QStringLiteral(QUILLON_TEST_DATA_DIR "/../../docs/screenshots/form64-8-page1");
@@ -194,6 +191,9 @@ private Q_SLOTS:
         frmForm64_8& form = OpenForm();
         Pick(form, QStringLiteral("Lovell, Ada"));
         const QString pdf = Save(form, QStringLiteral("places.pdf"));
+        // The file names its document and carries its fonts, to print alike anywhere.
+        QCOMPARE(PdfTitle(pdf), QStringLiteral("Form 64-8"));
+        QVERIFY(!PdfFonts(pdf).isEmpty() && !PdfFonts(pdf).values().contains(false));
         const auto words = Words(pdf);
         // Some word of the text stands with its left or right edge at `mm`.
         const auto standsAt = [&words](const char* word, double mm, bool right = false) {
@@ -220,6 +220,47 @@ private Q_SLOTS:
         // The character box at (185, 76), 5 by 6 mm, unticked.
         QVERIFY(dark(185, 79) && dark(190, 79) && dark(187.5, 76) && dark(187.5, 82));
         QVERIFY(!dark(187.5, 79) && !dark(184.5, 79) && !dark(190.5, 79) && !dark(187.5, 82.5));
+    }
+
+    // Each NI number and reference, at every length its boxes allow, stands
+    // one character a box, centred in it.
+    void charactersStandOneABox_data() {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<double>("top");
+        QTest::addColumn<QList<double>>("centres");  // from 106 mm
+        const QList<double> nino{2.5, 8, 16, 21.5, 29.5, 35, 43, 48.5, 56.5};
+        const QList<double> even{2.5, 8, 13.5, 19, 24.5, 30, 35.5, 41, 46.5, 52};
+        QTest::newRow("client's NI number") << "txtClientNINO" << 50.0 << nino;
+        QTest::newRow("tax credit NI number") << "txtTaxCreditNINO" << 107.0 << nino;
+        QTest::newRow("joint claimant's NI number") << "txtJointClaimantNINO" << 156.0 << nino;
+        QTest::newRow("UTR") << "txtClientUTR" << 65.0 << even;
+        QTest::newRow("company registration")
+            << "txtCompanyRegistration" << 185.0 << even.mid(0, 8);
+        QTest::newRow("company's UTR") << "txtCompanyUTR" << 199.0 << even;
+    }
+    void charactersStandOneABox() {
+        QFETCH(QString, box);
+        QFETCH(double, top);
+        QFETCH(QList<double>, centres);
+        const QString characters = QStringLiteral("QZ98765W4X");
+        for (int length = 0; length <= centres.size(); ++length) {
+            Form64Entries entries;
+            entries.texts.insert(box, characters.left(length));
+            QVERIFY(PrintForm64(entries));
+            QString placed;
+            for (const DrawOp& op : VSDocumentControl().Document().pages.at(0).ops) {
+                const auto* text = std::get_if<TextOp>(&op);
+                const double y = text ? text->topLeft.y() / kUnitsPerMm - 2 : 0;
+                if (!text || text->text.size() != 1 || y < top || y > top + 6) {
+                    continue;
+                }
+                const double middle = QFontMetricsF(text->font).horizontalAdvance(text->text) / 2;
+                const double centre = (text->topLeft.x() + middle) / kUnitsPerMm - 106;
+                QVERIFY(qAbs(centre - centres.value(placed.size(), -99)) < 0.3);
+                placed += text->text;
+            }
+            QCOMPARE(placed, characters.left(length));
+        }
     }
 
     // After each step the reference holds what every matter shows: one choice
@@ -310,6 +351,14 @@ private Q_SLOTS:
                  QStringLiteral("No client name beginning with Z"));
         QCOMPARE(desktop_.services.messages.Last().title, QStringLiteral("Client Letter"));
         QCOMPARE(desktop_.services.messages.Beeps(), beeps + 1);
+        // A database that can't be opened is told in the form's own words.
+        QVERIFY(QFile::rename(ClientDatabasePath(), ClientDatabasePath() + ".away"));
+        desktop_.services.messages.Answer(vbOK);
+        Pick(form, QStringLiteral("Lovell, Ada"));
+        QVERIFY(QFile::rename(ClientDatabasePath() + ".away", ClientDatabasePath()));
+        QVERIFY(desktop_.services.messages.Last().prompt.startsWith(
+            "Module: frmForm64_8\nProcedure: lstClients_Click\nError "));
+        QCOMPARE(desktop_.services.messages.Last().title, QStringLiteral("Form 64-8"));
     }
 
     // The agent's details come from the settings and go back trimmed; the

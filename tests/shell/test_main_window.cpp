@@ -151,7 +151,7 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",    "frmBusiness",   "frmClientRecords", "frmContributions",
+    "frmAdministration", "frmAssets",    "frmBusiness",   "frmContributions",
     "frmDiary",          "frmDividends", "frmEmployment", "frmOffices",
 };
 QStringList unregisteredForms;

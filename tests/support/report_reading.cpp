@@ -14,10 +14,11 @@ QStringList Operations(const ReportPage& page) {
     };
     const auto fill = [](ReportColour colour) { return " fill " + ToQColor(colour).name(); };
     const auto font = [](const QFont& f) {
-        return QStringLiteral(" %1 %2%3%4")
+        return QStringLiteral(" %1 %2%3%4%5")
             .arg(f.family())
             .arg(f.pixelSize())
-            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "");
+            .arg(f.bold() ? " bold" : "", f.italic() ? " italic" : "",
+                 f.underline() ? " underlined" : "");
     };
     QStringList lines;
     for (const DrawOp& op : page.ops) {
@@ -40,6 +41,14 @@ QStringList Operations(const ReportPage& page) {
     return lines;
 }
 
+QStringList Operations(const PageDocument& document) {
+    QStringList lines;
+    for (int page = 0; page < document.PageCount(); ++page) {
+        lines << QStringLiteral("page %1").arg(page + 1) << Operations(document.pages.at(page));
+    }
+    return lines;
+}
+
 QMultiMap<QString, QRectF> Words(const QString& pdf, int page) {
     QProcess text;
     const QString number = QString::number(page);
@@ -58,6 +67,35 @@ QMultiMap<QString, QRectF> Words(const QString& pdf, int page) {
                      QRectF(QPointF(mm(1), mm(2)), QPointF(mm(3), mm(4))));
     }
     return words;
+}
+
+namespace {
+
+QString ToolOutput(const QString& tool, const QString& pdf) {
+    QProcess process;
+    process.start(tool, {pdf});
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+}  // namespace
+
+QString PdfTitle(const QString& pdf) {
+    static const QRegularExpression title(QStringLiteral("^Title: *(.*)$"),
+                                          QRegularExpression::MultilineOption);
+    return title.match(ToolOutput(QStringLiteral("pdfinfo"), pdf)).captured(1);
+}
+
+QMap<QString, bool> PdfFonts(const QString& pdf) {
+    QMap<QString, bool> fonts;
+    // Under two lines of headings, a line a font, whose last five columns are
+    // emb, sub, uni and the object's number and generation.
+    const QString listed = ToolOutput(QStringLiteral("pdffonts"), pdf);
+    for (const QString& line : listed.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(2)) {
+        const QStringList columns = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        fonts.insert(columns.first(), columns.value(columns.size() - 5) == QLatin1String("yes"));
+    }
+    return fonts;
 }
 
 QImage Rendered(const QString& pdf) {
