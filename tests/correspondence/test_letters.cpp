@@ -26,6 +26,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 using namespace quillon;
@@ -138,6 +139,35 @@ private Q_SLOTS:
             headings << QStringLiteral("about %1: ").arg(entry) + Heading(*offices);
         }
         QCOMPARE(headings, ReferenceLines(QStringLiteral("letter-headings.txt"), headings));
+    }
+
+    // With the databases gone, the lists and the headings tell the failure
+    // under their screen's name, each with its own title.
+    void failuresAreToldUnderEachScreensName() {
+        auto clients = Open<frmClientLetter>();
+        auto offices = Open<frmOfficeLetter>();
+        const QStringList files{ClientDatabasePath(), OfficeDatabasePath()};
+        for (const QString& file : files) {
+            QVERIFY(QFile::rename(file, file + ".away"));
+        }
+        QStringList told;
+        const auto tell = [&](const char* what, const std::function<void()>& act) {
+            services_.messages.Answer(vbOK);
+            act();
+            const ShownMessage shown = services_.messages.Last();
+            told << QLatin1String(what) + ": " +
+                        shown.prompt.section(QLatin1Char('\n'), 0, 1).replace('\n', " / ") + " | " +
+                        shown.title;
+        };
+        tell("client heading", [&] { ClickEntry(clients->lstClients, "Lovell, Ada"); });
+        tell("office heading", [&] { ClickEntry(offices->lstReceiver, "Leeds (012)"); });
+        tell("client letter opened", [&] { Open<frmClientLetter>(); });
+        tell("office letter opened", [&] { Open<frmOfficeLetter>(); });
+        tell("office letter's clients", [&] { Click(offices->op3Clients); });
+        for (const QString& file : files) {
+            QVERIFY(QFile::rename(file + ".away", file));
+        }
+        QCOMPARE(told, ReferenceLines(QStringLiteral("letter-failures.txt"), told));
     }
 
     // A client without a personal row is told; the heading stays.

@@ -29,6 +29,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 using namespace quillon;
@@ -278,6 +279,50 @@ private Q_SLOTS:
             texts << operations.first() << operations.filter("Never").join("");
         }
         QCOMPARE(texts, ReferenceLines(QStringLiteral("labels-office-business.txt"), texts));
+    }
+
+    // With the databases gone, each screen and each routine for a handed list
+    // tells the failure under its own name and title, and prints nothing.
+    void failuresAreToldUnderEachScreensName() {
+        auto clientMerge = Open<frmClientMerge>();
+        auto officeMerge = Open<frmOfficeMerge>();
+        auto clientLabels = Open<frmClientLabels>();
+        auto officeLabels = Open<frmOfficeLabels>();
+        SelectEntries(clientMerge->lstClients, {"Lovell, Ada"});
+        SelectEntries(clientLabels->lstClients, {"Lovell, Ada"});
+        SelectEntries(officeMerge->lstOffices, {officeMerge->lstOffices->item(0)->text()});
+        SelectEntries(officeLabels->lstOffices, {officeLabels->lstOffices->item(0)->text()});
+        const QStringList files{ClientDatabasePath(), OfficeDatabasePath()};
+        for (const QString& file : files) {
+            QVERIFY(QFile::rename(file, file + ".away"));
+        }
+        const size_t jobs = desktop_.backend.jobs.size();
+        QStringList told;
+        const auto tell = [&](const char* what, int questions, const std::function<void()>& act) {
+            for (int i = 0; i <= questions; ++i) {
+                desktop_.services.messages.Answer(vbOK);
+            }
+            act();
+            const ShownMessage shown = desktop_.services.messages.Last();
+            told << QLatin1String(what) + ": " +
+                        shown.prompt.section(QLatin1Char('\n'), 0, 1).replace('\n', " / ") + " | " +
+                        shown.title;
+        };
+        tell("client merge", 1, [&] { Click(clientMerge->cm3Merge); });
+        tell("office merge", 1, [&] { Click(officeMerge->cm3Merge); });
+        tell("client labels", 0, [&] { Click(clientLabels->cm3Print); });
+        tell("office labels", 0, [&] { Click(officeLabels->cm3Print); });
+        tell("handed merge", 1, [&] { MergeFile(*clientMerge->lstClients); });
+        tell("handed labels", 0, [&] { PrintClientLabels(*clientLabels->lstClients); });
+        tell("client merge opened", 0, [&] { Open<frmClientMerge>(); });
+        tell("office merge opened", 0, [&] { Open<frmOfficeMerge>(); });
+        tell("client labels opened", 0, [&] { Open<frmClientLabels>(); });
+        tell("office labels opened", 0, [&] { Open<frmOfficeLabels>(); });
+        for (const QString& file : files) {
+            QVERIFY(QFile::rename(file + ".away", file));
+        }
+        QCOMPARE(desktop_.backend.jobs.size(), jobs);
+        QCOMPARE(told, ReferenceLines(QStringLiteral("correspondence-failures.txt"), told));
     }
 
     // Letters find names or say so in each screen's words; help tells how to
