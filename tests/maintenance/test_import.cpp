@@ -113,6 +113,16 @@ private Q_SLOTS:
         QVERIFY(services_.messages.Shown().at(0).prompt.startsWith("Error "));
         QVERIFY(target.TablesHolding({"Long", "Bea"}).isEmpty());
         QCOMPARE(target.TablesHolding({"Sample", "A."}).size(), 22);
+
+        // A target that is gone ends the import, told as the screen's failure.
+        QVERIFY(QFile::rename(target.DatabasePath(), target.DatabasePath() + ".away"));
+        frmImport again;
+        services_.messages.Answer(vbOK);
+        ImportAll(again);
+        QVERIFY(QFile::rename(target.DatabasePath() + ".away", target.DatabasePath()));
+        QVERIFY(services_.messages.Last().prompt.startsWith(
+            "Module: frmImport\nProcedure: cmdImport\nError 3024: "));
+        QCOMPARE(services_.messages.Last().title, QStringLiteral("Quillon"));
     }
 
     // A process killed while it imports leaves whole clients only.
