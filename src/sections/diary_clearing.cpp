@@ -23,28 +23,45 @@ void ClearRow(dao::Recordset& row) {
     row.Update();
 }
 
+// Every client of the table, in name order. The rows are then found by name:
+// a walk that writes as it goes would read its rows afresh at every step.
+QList<QVariantList> ClientKeys(dao::Database& db, const QString& table) {
+    dao::Recordset rows = db.OpenRecordset(table, dao::dbOpenTable, dao::dbReadOnly);
+    rows.SetIndex(QStringLiteral("Name"));
+    const dao::Field first = rows.Fields(QStringLiteral("First Names"));
+    const dao::Field last = rows.Fields(QStringLiteral("Last Name"));
+    QList<QVariantList> keys;
+    for (rows.MoveFirst(); !rows.IsEOF(); rows.MoveNext()) {
+        keys.append({last.Value(), first.Value()});
+    }
+    return keys;
+}
+
 }  // namespace
 
 int ClearDiaryPage(const QString& path, int page, const ClearProgress& progress) {
+    const QString table = QStringLiteral("Diary %1").arg(page);
     dao::Database db = dao::OpenDatabase(path);
-    dao::Recordset rows = db.OpenRecordset(QStringLiteral("Diary %1").arg(page));
+    const QList<QVariantList> keys = ClientKeys(db, table);
+    dao::Recordset rows = db.OpenRecordset(table);
+    rows.SetIndex(QStringLiteral("Name"));
     int cleared = 0;
-    int committed = 0;
     QElapsedTimer clock;
     try {
-        rows.MoveFirst();
-        while (!rows.IsEOF()) {
+        for (qsizetype next = 0; next < keys.size();) {
             db.BeginTrans();
             clock.start();
-            while (!rows.IsEOF() && clock.elapsed() < kTransactionMs) {
-                ClearRow(rows);
-                ++cleared;
-                rows.MoveNext();
+            for (; next < keys.size() && clock.elapsed() < kTransactionMs; ++next) {
+                // A row that another workstation has deleted meanwhile is passed by.
+                rows.Seek(QStringLiteral("="), keys.at(next));
+                if (!rows.NoMatch()) {
+                    ClearRow(rows);
+                    ++cleared;
+                }
             }
             db.CommitTrans();
-            committed = cleared;
             if (progress) {
-                progress(committed);
+                progress(cleared);
             }
         }
     } catch (const dao::DaoError&) {
@@ -53,7 +70,7 @@ int ClearDiaryPage(const QString& path, int page, const ClearProgress& progress)
     }
     rows.Close();
     db.Close();
-    return committed;
+    return cleared;
 }
 
 }  // namespace quillon

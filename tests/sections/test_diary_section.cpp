@@ -225,12 +225,13 @@ private Q_SLOTS:
     void aKilledClearingLeavesWholeRows() {
         QTemporaryDir folder;
         const QString path = folder.filePath(u"QUILL020.MDB"_qs);
-        MakeSyntheticClientDatabase(path, 3000);
+        MakeSyntheticClientDatabase(path, 10000);
         const QStringList before = DiaryRows(path);
         PeerProcess peer;
         QVERIFY(peer.Started());
+        // Killed after its first commit, while a later transaction is open.
         QVERIFY(peer.Ask({"cleardiary", path, "1"}).startsWith("cleared"));
-        QVERIFY(peer.Answer().startsWith("cleared"));
+        QTRY_VERIFY(QFile::exists(path + "-journal"));
         QVERIFY(peer.Kill());
         dao::OpenDatabase(path).Close();  // rolls the unfinished transaction back
         QCOMPARE(test::SqliteProbe(path).Value("PRAGMA integrity_check").toString(), u"ok"_qs);
