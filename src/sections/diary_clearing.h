@@ -16,7 +16,8 @@
 
 namespace quillon {
 
-// The twenty standard dates, client dates and client events of a diary row.
+// The twenty standard dates, client dates and client events of a diary row:
+// `Standard Date i`, `Client Date i` and `Client Event i` for i from 1.
 constexpr int kDiaryEvents = 20;
 
 // Told the number of rows cleared so far, after each transaction's commit.

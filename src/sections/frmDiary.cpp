@@ -41,6 +41,8 @@ const QString kListOn = QStringLiteral("&List On");
 const QString kListOff = QStringLiteral("&List Off");
 const QString kClearAllTitle = QStringLiteral("CLEAR ALL DIARY DATA");
 const QString kProceed = QStringLiteral("\n\nDo you wish to proceed?");
+const QString kBackupFirst =
+    QStringLiteral("You should make a backup of your client database before proceeding.");
 
 // The standard events' descriptions are the page's `Common` row; their dates
 // and the client's own events are the client's row.
@@ -83,6 +85,8 @@ frmDiary::frmDiary(QWidget* parent) : SectionScreen(kDiarySection, parent) {
         QStringLiteral("You have changed an event description."),
         [this] { return txtDYear->text() + QStringLiteral(" Diary"); },
         QString::fromLatin1(kFormName));
+    // The text a description box holds when it takes the focus
+    // (txtDSEvent_GotFocus) is what its leaving compares with.
     for (int i = 1; i <= kDiaryEvents; ++i) {
         events_->Add(i, Box(Indexed("txtDSEvent", i)), QStringLiteral("txtDSEvent_LostFocus"));
     }
@@ -334,10 +338,7 @@ void frmDiary::cm3ClearAll_Click() {
     if (!Confirmed(QStringLiteral("ALL diary information in the tax year ") + txtDYear->text() +
                        QStringLiteral(" for ALL clients will be deleted.") + kProceed,
                    kClearAllTitle) ||
-        !Confirmed(QStringLiteral("You should make a backup of your client database before "
-                                  "proceeding.") +
-                       kProceed,
-                   kClearAllTitle)) {
+        !Confirmed(kBackupFirst + kProceed, kClearAllTitle)) {
         return;
     }
     const QString caption = windowTitle();
@@ -406,7 +407,8 @@ bool frmDiary::eventFilter(QObject* watched, QEvent* event) {
             WriteConfiguration();
         } else if (ListShown() && std::find(standardDates_.begin(), standardDates_.end(),
                                             watched) != standardDates_.end()) {
-            // A date just typed moves the client in or out of the list at once.
+            // txtDSDate_LostFocus: a date just typed moves the client in or out
+            // of the list at once.
             WriteCRecord();
             UpdateList();
         }

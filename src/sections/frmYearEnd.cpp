@@ -98,6 +98,14 @@ void frmYearEnd::showEvent(QShowEvent* event) {
     }
 }
 
+// However it ends, the list is unloaded: the next opening starts afresh.
+void frmYearEnd::done(int result) {
+    QDialog::done(result);
+    if (testAttribute(Qt::WA_DeleteOnClose)) {
+        deleteLater();
+    }
+}
+
 // Centred over the business screen, and lower by a little, so that the
 // business's own year end stays in sight.
 void frmYearEnd::Form_Load() {

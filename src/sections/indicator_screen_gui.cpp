@@ -315,6 +315,15 @@ void IndicatorScreen::closeEvent(QCloseEvent* event) {
     QDialog::closeEvent(event);
 }
 
+// Escape ends the dialog without a close event: it unloads all the same.
+void IndicatorScreen::done(int result) {
+    Form_Unload();
+    QDialog::done(result);
+    if (testAttribute(Qt::WA_DeleteOnClose)) {
+        deleteLater();
+    }
+}
+
 bool IndicatorScreen::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         if (auto* box = qobject_cast<QLineEdit*>(watched)) {

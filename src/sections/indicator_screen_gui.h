@@ -6,6 +6,9 @@
 // closes. The filter box beside each indicator selects the clients for whom it
 // is ticked (Y) or not (N), and the list can be printed or merged.
 //
+// Indicator i is the field `Indicator i` of the row, with the description
+// `Text i` of `Common`.
+//
 // A screen is one row of this table: which table and page, whose client it
 // opens on, and whether the first indicator is a fixed field of its own.
 
@@ -92,6 +95,7 @@ protected:
 
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void done(int result) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -122,7 +122,7 @@ private Q_SLOTS:
         TypeInto(form->txtIndicator[0], u"Pool car"_qs);
         TypeInto(form->txtIndicator[9], u"Bonus"_qs);
         services.messages.Answer(vbNo);
-        Click(form->cm3Close);
+        QTest::keyClick(form, Qt::Key_Escape);
         QCOMPARE(services.messages.Last().prompt,
                  u"You have changed Indicator descriptions.\nThe changes will apply to all "
                  "records in the database.\nAre you sure you wish to make these changes?"_qs);
