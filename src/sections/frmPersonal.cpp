@@ -81,6 +81,8 @@ frmPersonal::frmPersonal(QWidget* parent) : SectionScreen(kPersonalSection, pare
     familyGrid->addWidget(cm3Indicators, below + 1, 3);
     Arrange({{names, address}, {telephones, options}, {family}});
     connect(cm3Spouse, &QPushButton::clicked, this, &frmPersonal::cm3Spouse_Click);
+    connect(cm3Indicators, &QPushButton::clicked, this,
+            [] { ShowModal(QStringLiteral("frmIPersonal")); });
 }
 
 void frmPersonal::cm3Spouse_Click() {

@@ -19,7 +19,7 @@ public:
     explicit frmPersonal(QWidget* parent = nullptr);
 
     QPushButton* cm3Spouse = nullptr;
-    // Opens the client's indicators (frmIPersonal) once that screen exists.
+    // Opens the client's indicators (frmIPersonal).
     QPushButton* cm3Indicators = nullptr;
 
     void cm3Spouse_Click();

@@ -16,6 +16,8 @@
 //                                  delete a client's row, add another's
 //   import <target> <source>      import every client of the source into the
 //                                  target, answering "imported <n>" after each
+//   cleardiary <path> <page>       clear a diary page of every client,
+//                                  answering "cleared <n>" after each commit
 //   churn                          forever: begin, add a client to every table,
 //                                  commit, answer "committed <n>"
 //   close                          close the recordset and the database
@@ -30,6 +32,7 @@
 
 #include "maintenance/client_import.h"
 #include "platform/dao.h"
+#include "sections/diary_clearing.h"
 
 using namespace quillon;
 
@@ -132,6 +135,9 @@ void run(Peer& peer, const QStringList& words) {
         replaceClient(peer, words);
     } else if (command == QLatin1String("import")) {
         importAll(words.value(1), words.value(2));
+    } else if (command == QLatin1String("cleardiary")) {
+        ClearDiaryPage(words.value(1), words.value(2).toInt(),
+                       [](int rows) { answer(QStringLiteral("cleared %1").arg(rows)); });
     } else if (command == QLatin1String("churn")) {
         churn(peer);
     } else if (command == QLatin1String("close")) {

@@ -46,6 +46,8 @@ const Screen kScreens[] = {
      "Invalid date - you must enter dates in the format dd/mm/yyyy"},
     {"user", "cm3User", "User", "txtRight(2)", "Right 2", "Left 2", "Ada Lovell (User Defined)", "",
      "", ""},
+    {"diary", "cm3Diary", "Diary 1", "txtDCEvent(2)", "Client Event 2", "Client Date 3",
+     "Ada Lovell (2012-13 Diary)", "", "", ""},
 };
 
 QMdiSubWindow* FrameOf(QWidget* form) {

@@ -151,8 +151,8 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",    "frmBusiness",   "frmContributions",
-    "frmDiary",          "frmDividends", "frmEmployment", "frmOffices",
+    "frmAdministration", "frmAssets",     "frmBusiness", "frmContributions",
+    "frmDividends",      "frmEmployment", "frmOffices",
 };
 QStringList unregisteredForms;
 
