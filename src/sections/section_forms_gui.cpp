@@ -1,6 +1,8 @@
 #include "sections/section_forms_gui.h"
 
+#include "sections/frmAdministration.h"
 #include "sections/frmPersonal.h"
+#include "sections/frmSelectOffice.h"
 #include "sections/frmSpouseList.h"
 #include "sections/frmUser.h"
 
@@ -8,9 +10,8 @@ namespace quillon {
 
 std::span<const FormRow> SectionForms() {
     static const FormRow forms[] = {
-        ChildForm<frmPersonal>(),
-        ChildForm<frmUser>(),
-        DialogForm<frmSpouseList>(),
+        ChildForm<frmPersonal>(),       ChildForm<frmUser>(),          DialogForm<frmSpouseList>(),
+        ChildForm<frmAdministration>(), DialogForm<frmSelectOffice>(),
     };
     return forms;
 }
