@@ -373,7 +373,7 @@ void frmOffices::tmrNew_Timer() {
 void frmOffices::tmrRename_Timer() {
     tmrRename->stop();
     const QString entry = OfficeEntry(CurrentOfficeName, CurrentOfficeNumber);
-    if (QListWidgetItem* item = lstOffices->currentItem()) {
+    if (QListWidgetItem* item = lstOffices->item(SelectedRow())) {
         item->setText(entry);
     }
     try {

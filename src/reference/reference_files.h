@@ -14,7 +14,7 @@ namespace quillon {
 constexpr int kFirstDividendYear = 2012;
 constexpr int kLastDividendYear = 2015;  // the only year that an update reaches
 
-// "DIV2015.MDB" for 2015.
+// "DIV2012.MDB" to "DIV2015.MDB": the year in which the tax year ends.
 QString DividendFileName(int year);
 // The working dividends file of `year` in the selected slot's folder.
 QString DividendDatabasePath(int year);

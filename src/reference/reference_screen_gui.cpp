@@ -44,8 +44,10 @@ ReferenceScreen::ReferenceScreen(const ReferenceTexts& texts, QWidget* parent)
     tmrNew = Named<QTimer>(QStringLiteral("tmrNew"), this);
     tmrRename = Named<QTimer>(QStringLiteral("tmrRename"), this);
 
-    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0) {
+    // A selection is a click; the current row alone moves when the list merely
+    // takes the focus.
+    connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!list_->selectedItems().isEmpty()) {
             ListClick();
         }
     });
@@ -91,8 +93,13 @@ void ReferenceScreen::Arrange(QWidget* top, QWidget* belowList, QWidget* details
 }
 
 QString ReferenceScreen::SelectedEntry() const {
-    const QListWidgetItem* item = list_->currentItem();
-    return item ? item->text() : QString();
+    const int row = SelectedRow();
+    return row < 0 ? QString() : list_->item(row)->text();
+}
+
+int ReferenceScreen::SelectedRow() const {
+    const QList<QListWidgetItem*> selected = list_->selectedItems();
+    return selected.isEmpty() ? -1 : list_->row(selected.first());
 }
 
 void ReferenceScreen::SelectEntry(int row) {
@@ -122,7 +129,7 @@ bool ReferenceScreen::SelectEntryText(const QString& entry) {
 }
 
 void ReferenceScreen::RemoveSelectedEntry() {
-    const int row = list_->currentRow();
+    const int row = SelectedRow();
     if (row < 0) {
         return;
     }

@@ -57,8 +57,9 @@ public:
     // brings it to the top of the list.
     void cm3Seek_Click(int index);
 
-    // The text of the entry selected, or empty.
+    // The text of the entry selected, or empty; its row, or -1.
     QString SelectedEntry() const;
+    int SelectedRow() const;
 
 protected:
     ReferenceScreen(const ReferenceTexts& texts, QWidget* parent);

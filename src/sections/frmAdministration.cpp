@@ -6,10 +6,12 @@
 #include "reference/reference_files.h"
 #include "shell/forms_gui.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace quillon {
@@ -19,6 +21,7 @@ namespace {
 using Rule = FieldRule;
 
 constexpr int kOfficeNumberLength = 3;
+constexpr int kNoteLines = 3;  // shown; the note scrolls beyond them
 const QString kModule = QString::fromLatin1(frmAdministration::kFormName);
 
 // Boxes 3 to 5 of the references were never used.
@@ -51,7 +54,7 @@ const FieldRow kOffice[] = {
     {"txtIROffice", nullptr, Rule::Text, "IR Office"},
 };
 
-const FieldRow kNote[] = {{"txtTNote", "Notes", Rule::Note, nullptr}};
+const FieldRow kNote[] = {{"txtTNote", "Notes", Rule::Note, ""}};
 
 }  // namespace
 
@@ -63,6 +66,9 @@ frmAdministration::frmAdministration(QWidget* parent)
     QGroupBox* staff = FieldGroup(tr("Staff"), kStaff);
     QGroupBox* office = FieldGroup(tr("Tax Office"), kOffice);
     QGroupBox* note = FieldGroup(tr("Note"), kNote);
+    auto* notes = note->findChild<QPlainTextEdit*>(QStringLiteral("txtTNote"));
+    notes->setMaximumHeight(notes->fontMetrics().lineSpacing() * kNoteLines +
+                            2 * notes->frameWidth() + 8);
     txtTOfficeNo = Box(QStringLiteral("txtTOfficeNo"));
     txtTOfficeName = Box(QStringLiteral("txtTOfficeName"));
     for (int i = 1; i <= 6; ++i) {
@@ -85,6 +91,9 @@ frmAdministration::frmAdministration(QWidget* parent)
     cm3Select = Named<QPushButton>(QStringLiteral("cm3Select"), QStringLiteral("&Select"), office);
     grid->addWidget(cm3Select, 1, 2);
     Arrange({{references, staff, note}, {office}});
+    // The office's lines are the longest texts of the screen.
+    static_cast<QBoxLayout*>(Body()->layout())->setStretch(1, 5);
+    static_cast<QBoxLayout*>(Body()->layout())->setStretch(0, 4);
 
     laterLayout_ = VersionNumber(ReadOfficeVersion()) >= kOfficeNumbersLayout;
     lblIROffice->setVisible(laterLayout_);
@@ -137,6 +146,7 @@ void frmAdministration::ReadOffice() {
     const QList<QLineEdit*> boxes = OfficeBoxes();
     for (int i = 0; i < boxes.size(); ++i) {
         boxes[i]->setText(shown.value(i));
+        boxes[i]->setCursorPosition(0);  // the start of a long line shows
     }
 }
 
