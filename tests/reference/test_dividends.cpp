@@ -162,6 +162,12 @@ private Q_SLOTS:
         QCOMPARE(services_->messages.Last().title, u"Dividends"_qs);
         QVERIFY(dividends->txtDate[2]->hasFocus());
         QCOMPARE(dividends->txtDate[2]->selectedText(), date);
+        // Nor does another year's menu item take it away from its year.
+        QCoreApplication::processEvents();
+        services_->messages.Answer(vbOK);
+        Trigger("mnuDiv4");
+        QCOMPARE(int(TaxYear), 2012);
+        QCOMPARE(LoadedForm<frmDividends>(), dividends);
         TypeInto(dividends->txtDate[2], QString());
         QVERIFY(UnloadForm(QStringLiteral("frmDividends")));
     }
