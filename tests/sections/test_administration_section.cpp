@@ -1,10 +1,7 @@
-// The administration section: the client's own fields, and the tax office
-// shown live from the tax offices file by the number the client holds,
-// whether typed, picked from the list, or renamed or renumbered meanwhile.
+// The administration section: the client's tax office shown live from the tax offices file by the
+// number the client holds, whether typed, picked from the list, or renamed or renumbered meanwhile.
 // The section with an office is rendered into the documentation.
 #include "reference/frmOffices.h"
-#include "reference/reference_dialogs_gui.h"
-#include "reference/reference_files.h"
 #include "sections/frmAdministration.h"
 #include "sections/frmSelectOffice.h"
 #include "shell/forms_gui.h"
@@ -13,10 +10,8 @@
 #include "support/scripted_services.h"
 #include "support/section_testing.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QtTest>
 
@@ -38,17 +33,6 @@ QString Shown(const frmAdministration* screen) {
     return QStringList({screen->txtTOfficeName->text(), screen->txtTAddress[1]->text(),
                         screen->txtTAddress[6]->text(), screen->txtIROffice->text()})
         .join('|');
-}
-
-void Renumber(frmOffices* offices, const QString& number, const QString& name) {
-    InModal([&] { offices->cm3Rename->click(); },
-            [&](QWidget* dialog) {
-                auto* office = qobject_cast<OfficeDialog*>(dialog);
-                office->txtNumber->setText(number);
-                office->txtName->setText(name);
-                office->cm3OK->click();
-            });
-    offices->tmrRename_Timer();
 }
 
 }  // namespace
@@ -74,29 +58,6 @@ private Q_SLOTS:
         services_.reset();
     }
 
-    // The client's ten fields are read and written as the section protocol
-    // has it; the office's are only shown.
-    void theClientsOwnFieldsAreSaved() {
-        frmAdministration* screen = OpenAdministration();
-        const QList<QPair<const char*, const char*>> boxes = {
-            {"txtTRef(0)", "Client Reference"}, {"txtTRef(1)", "NI Number"},
-            {"txtTRef(2)", "Tax Reference"},    {"txtTRef(6)", "File Identifier"},
-            {"txtTStaff(0)", "Partner"},        {"txtTStaff(1)", "Manager"},
-            {"txtTStaff(2)", "Assistant"},      {"txtTInspector", "Inspector"}};
-        for (const auto& [box, field] : boxes) {
-            TypeInto(screen->Box(box), QStringLiteral("x ") + field);
-        }
-        screen->findChild<QPlainTextEdit*>("txtTNote")->setPlainText("A note");
-        QVERIFY(screen->txtTOfficeName->isReadOnly());
-        QVERIFY(UnloadForm("frmAdministration"));
-        for (const auto& [box, field] : boxes) {
-            QCOMPARE(FieldOf(kAdministration, kAda, field).toString(),
-                     QStringLiteral("x ") + field);
-        }
-        QCOMPARE(FieldOf(kAdministration, kAda, "Notes").toString(), u"A note"_qs);
-        QVERIFY(FieldOf(kAdministration, kAda, "Office Name").isNull());
-    }
-
     // The office follows the number as it is typed, as the client moves, and
     // as the file's layout allows; a number of no office is stored all the same.
     void theOfficeFollowsTheNumber_data() {
@@ -113,7 +74,6 @@ private Q_SLOTS:
         SetVersion(OfficeDatabasePath(), version);
         frmAdministration* screen = OpenAdministration();
         QCOMPARE(screen->txtIROffice->isHidden(), secondNumber.isEmpty());
-        QCOMPARE(screen->lblIROffice->isHidden(), secondNumber.isEmpty());
         const QString officeA =
             "Sample Tax Office A|Sample data - not a real office|ZZ1 1ZZ|" + secondNumber;
         QCOMPARE(Shown(screen), officeA);
@@ -139,11 +99,13 @@ private Q_SLOTS:
         Trigger("cm3Offices");
         auto* offices = LoadedForm<frmOffices>();
         ClickEntry(offices->lstOffices, 1);
-        Renumber(offices, "991", "Ashford Sample Office");
+        OfficeDialogOK([&] { offices->cm3Rename->click(); }, "991", "Ashford Sample Office");
+        offices->tmrRename_Timer();
         ActivateChild(screen);
         QCOMPARE(screen->txtTOfficeName->text(), u"Ashford Sample Office"_qs);
         ActivateChild(offices);
-        Renumber(offices, "981", "Ashford Sample Office");
+        OfficeDialogOK([&] { offices->cm3Rename->click(); }, "981", "Ashford Sample Office");
+        offices->tmrRename_Timer();
         ActivateChild(screen);
         QCOMPARE(Shown(screen), u"|||"_qs);
         QCOMPARE(screen->txtTOfficeNo->text(), u"991"_qs);
@@ -172,6 +134,7 @@ private Q_SLOTS:
         SaveScreenshot(screen, QStringLiteral("administration.png"));
         QVERIFY(UnloadForm("frmAdministration"));
         QCOMPARE(FieldOf(kAdministration, kAda, "Office Number").toString(), u"993"_qs);
+        QVERIFY(FieldOf(kAdministration, kAda, "Office Name").isNull());  // only shown
     }
 };
 

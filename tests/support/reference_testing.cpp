@@ -1,31 +1,20 @@
 #include "support/reference_testing.h"
 
-#include "data/data_access.h"
 #include "platform/dao.h"
+#include "reference/reference_dialogs_gui.h"
 #include "shell/forms_gui.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
 
 namespace quillon::testing {
-
-void AddRows(const QString& path, const QString& table, const QList<FieldsOfRow>& rows) {
-    dao::Database db = dao::OpenDatabase(path);
-    dao::Recordset added = db.OpenRecordset(table);
-    for (const FieldsOfRow& row : rows) {
-        added.AddNew();
-        for (const auto& [field, value] : row) {
-            added.Fields(field).SetValue(value);
-        }
-        added.Update();
-    }
-}
 
 QStringList Lines(const QString& path, const QString& table, const QStringList& fields,
                   const QString& index) {
@@ -46,27 +35,9 @@ QStringList Lines(const QString& path, const QString& table, const QStringList& 
     return lines;
 }
 
-QStringList Contents(const QString& path) {
-    dao::Database db = dao::OpenDatabase(path);
-    QStringList lines;
-    for (const QString& table : db.TableNames()) {
-        dao::Recordset rows = db.OpenRecordset(table);
-        QStringList fields;
-        for (int i = 0; i < rows.FieldCount(); ++i) {
-            fields << rows.Fields(i).Name();
-        }
-        lines << table + QLatin1Char(':') << Lines(path, table, fields);
-    }
-    return lines;
-}
-
 void SetVersion(const QString& path, const QString& version) {
-    dao::Database db = dao::OpenDatabase(path);
-    dao::Recordset row = db.OpenRecordset(QStringLiteral("Version"));
-    row.MoveFirst();
-    row.Edit();
-    row.Fields(QStringLiteral("Version")).SetValue(version);
-    row.Update();
+    dao::OpenDatabase(path).Execute(
+        QStringLiteral("UPDATE Version SET Version = '%1'").arg(version));
 }
 
 void InModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use) {
@@ -82,6 +53,17 @@ void InModal(const std::function<void()>& open, const std::function<void(QWidget
     });
     open();
     QVERIFY(reached);
+}
+
+void OfficeDialogOK(const std::function<void()>& open, const QString& number, const QString& name) {
+    InModal(open, [&](QWidget* dialog) {
+        auto* office = qobject_cast<OfficeDialog*>(dialog);
+        office->txtNumber->clear();
+        office->txtName->clear();
+        QTest::keyClicks(office->txtNumber, number);
+        QTest::keyClicks(office->txtName, name);
+        office->cm3OK->click();
+    });
 }
 
 QStringList Entries(const QListWidget* list) {

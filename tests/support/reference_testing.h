@@ -1,13 +1,9 @@
 #pragma once
-// Looking into and filling the tax offices and dividends files behind the
-// screens' backs, the dialogs those screens open modally, and the pictures of
-// the screens for the documentation.
+// Looking into the tax offices and dividends files behind the screens' backs,
+// the dialogs those screens open modally, and pictures of the screens.
 
-#include <QList>
-#include <QPair>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
 
 #include <functional>
 
@@ -16,22 +12,20 @@ class QWidget;
 
 namespace quillon::testing {
 
-using FieldsOfRow = QList<QPair<QString, QVariant>>;
-
-// Adds the rows to `table` of the database `path`.
-void AddRows(const QString& path, const QString& table, const QList<FieldsOfRow>& rows);
 // Every row of `table` as its `fields` joined by "|", a Null as "~", in the
 // order of index `index`, or in stored order without one.
 QStringList Lines(const QString& path, const QString& table, const QStringList& fields,
                   const QString& index = QString());
-// The whole file as lines: every table in turn, every field of every row.
-QStringList Contents(const QString& path);
 // Makes the one row of the file's table `Version` hold `version`.
 void SetVersion(const QString& path, const QString& version);
 
 // Runs `open`, which shows a modal dialog, and hands the dialog to `use` once
 // it is up; the dialog is cancelled afterwards if `use` left it open.
 void InModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use);
+
+// Types `number` and `name` into the tax office dialog that `open` shows, and
+// presses OK.
+void OfficeDialogOK(const std::function<void()>& open, const QString& number, const QString& name);
 
 QStringList Entries(const QListWidget* list);
 // A click with the mouse on entry `row`.
