@@ -26,7 +26,6 @@ namespace quillon {
 
 namespace {
 
-constexpr int kTimerInterval = 100;  // ms
 constexpr int kNumberLength = 3;
 const QString kModule = QString::fromLatin1(frmOffices::kFormName);
 const QString kName = QStringLiteral("Name");

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace quillon {
 
@@ -36,12 +37,24 @@ QString VersionOr(const QString& path, const QString& fallback) {
     }
 }
 
+// A file written beside its place, removed again unless it was moved there.
+class ScratchFile {
+public:
+    explicit ScratchFile(QString path) : path_(std::move(path)) { QFile::remove(path_); }
+    ~ScratchFile() { QFile::remove(path_); }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+    const QString& Path() const { return path_; }
+
+private:
+    QString path_;
+};
+
 void MoveOver(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(from).toStdString(),
                             QFile::encodeName(to).toStdString(), error);
     if (error) {
-        QFile::remove(from);
         throw dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error"));
     }
 }
@@ -189,43 +202,25 @@ ShareKey ShareOfEntry(const QString& entry) {
 }
 
 void PlaceFileCopy(const QString& source, const QString& target) {
-    const QString partial = target + QStringLiteral(".partial");
-    QFile::remove(partial);
-    try {
-        FileCopy(source, partial);
-    } catch (const dao::DaoError&) {
-        QFile::remove(partial);
-        throw;
-    }
+    const ScratchFile partial(target + QStringLiteral(".partial"));
+    FileCopy(source, partial.Path());
     // Name refuses to go over a file that another workstation has placed meanwhile.
-    try {
-        Name(partial, target);
-    } catch (const dao::DaoError&) {
-        QFile::remove(partial);
-        throw;
-    }
+    Name(partial.Path(), target);
 }
 
+// A system that refuses to rename over an open file makes the move fail, and
+// that is told as a failure with nothing changed.
 ReferenceChange ReplaceDatabaseFile(const QString& source, const QString& target) {
     const QString into = PathOnDisk(target);
-    const QString scratch = into + QStringLiteral(".new");
-    QFile::remove(scratch);
-    FileCopy(PathOnDisk(source), scratch);
+    const ScratchFile scratch(into + QStringLiteral(".new"));
+    FileCopy(PathOnDisk(source), scratch.Path());
     std::optional<dao::Database> holder;
-    bool held = true;
-    try {
-        held = Dir(into).isEmpty() || HoldAlone(into, holder);
-    } catch (const dao::DaoError&) {
-        QFile::remove(scratch);
-        throw;
-    }
-    if (!held) {
-        QFile::remove(scratch);
+    if (!Dir(into).isEmpty() && !HoldAlone(into, holder)) {
         return ReferenceChange::InUse;
     }
     // Renamed while the old file is held: whoever opens the name next finds the
     // new file whole, and nobody was working in the old one.
-    MoveOver(scratch, into);
+    MoveOver(scratch.Path(), into);
     return ReferenceChange::Done;
 }
 
