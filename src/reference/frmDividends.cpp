@@ -248,7 +248,7 @@ bool frmDividends::Form_Unload() {
     return false;
 }
 
-bool frmDividends::SharesShown() const {
+bool frmDividends::ShareShown() const {
     return !lblCompany->text().isEmpty();
 }
 
@@ -294,7 +294,7 @@ bool frmDividends::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmDividends::SaveShare() {
-    if (!SharesShown()) {
+    if (!ShareShown()) {
         return;
     }
     try {

@@ -70,7 +70,7 @@ private:
     void FurnishSlotFolder();
     void ChooseYear();
     void ShowVersion(const QString& procedure);
-    bool SharesShown() const;
+    bool ShareShown() const;
     void ShowSelectionOfShownShare();
 
     QLineEdit* toldBox_ = nullptr;
