@@ -1,8 +1,12 @@
-// quillon-makedb: makes the database files that an installation delivers, or a
-// synthetic client database for tests and benchmarks.
+// quillon-makedb: makes the database files that an installation delivers, or
+// synthetic client, tax offices and dividends databases for tests and
+// benchmarks.
 //
 //   quillon-makedb delivered <folder>
 //   quillon-makedb synthetic <path> <count>
+//   quillon-makedb version1 <path> <count>
+//   quillon-makedb offices <path> <count>
+//   quillon-makedb dividends <path> <count>
 //
 // Existing files of the same names are replaced.
 
@@ -16,6 +20,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -25,7 +30,9 @@ int Usage() {
     std::fputs(
         "usage: quillon-makedb delivered <folder>\n"
         "       quillon-makedb synthetic <path> <count>\n"
-        "       quillon-makedb version1 <path> <count>\n",
+        "       quillon-makedb version1 <path> <count>\n"
+        "       quillon-makedb offices <path> <count>\n"
+        "       quillon-makedb dividends <path> <count>\n",
         stderr);
     return 2;
 }
@@ -61,6 +68,23 @@ void MakeDelivered(const QString& folder) {
             quillon::MakeDividendDatabase);
 }
 
+using SyntheticMakerFunction = void (*)(const QString&, int);
+
+SyntheticMakerFunction SyntheticMaker(const QString& command) {
+    const std::pair<const char*, SyntheticMakerFunction> makers[] = {
+        {"synthetic", quillon::MakeSyntheticClientDatabase},
+        {"version1", quillon::MakeVersion1Database},
+        {"offices", quillon::MakeSyntheticOfficeDatabase},
+        {"dividends", quillon::MakeSyntheticDividendDatabase},
+    };
+    for (const auto& [name, make] : makers) {
+        if (command == QLatin1String(name)) {
+            return make;
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -70,18 +94,16 @@ int main(int argc, char* argv[]) {
             MakeDelivered(QString::fromLocal8Bit(argv[2]));
             return 0;
         }
-        // A client database of synthetic clients, or a first-version one.
-        const bool version1 = command == QLatin1String("version1");
-        if ((command == QLatin1String("synthetic") || version1) && argc == 4) {
+        // A file of `count` synthetic rows of one of the kinds.
+        const auto make = SyntheticMaker(command);
+        if (make && argc == 4) {
             bool isNumber = false;
             const int count = QString::fromLocal8Bit(argv[3]).toInt(&isNumber);
             if (!isNumber || count < 0) {
                 return Usage();
             }
-            Replace(QString::fromLocal8Bit(argv[2]), [count, version1](const QString& path) {
-                version1 ? quillon::MakeVersion1Database(path, count)
-                         : quillon::MakeSyntheticClientDatabase(path, count);
-            });
+            Replace(QString::fromLocal8Bit(argv[2]),
+                    [count, make](const QString& path) { make(path, count); });
             return 0;
         }
     } catch (const DaoError& error) {

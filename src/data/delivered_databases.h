@@ -34,4 +34,12 @@ void MakeDividendDatabase(const QString& path);
 // the same file content.
 void MakeSyntheticClientDatabase(const QString& path, int count);
 
+// A tax offices database of `count` (at most 1,000) made-up offices numbered
+// from "000", with every field filled, of the delivered version.
+void MakeSyntheticOfficeDatabase(const QString& path, int count);
+
+// A dividends database of `count` made-up published shares, each with its
+// payments in the latest tax year, of the delivered version.
+void MakeSyntheticDividendDatabase(const QString& path, int count);
+
 }  // namespace quillon

@@ -8,11 +8,6 @@ namespace quillon {
 
 namespace {
 
-bool InUseElsewhere(const dao::DaoError& error) {
-    return error.Number() == dao::kErrFileInUse || error.Number() == dao::kErrCannotOpen ||
-           error.Number() == dao::kErrUpdateLocked || error.Number() == dao::kErrSaveLocked;
-}
-
 // True when, for a moment, this workstation alone could hold the file. A file
 // too damaged to open can't be held; `damaged` then tells so.
 bool NobodyElseUsing(const QString& live, bool* damaged = nullptr) {
@@ -39,6 +34,11 @@ void RemoveSafetyFile(const QString& live) {
 }
 
 }  // namespace
+
+bool InUseElsewhere(const dao::DaoError& error) {
+    return error.Number() == dao::kErrFileInUse || error.Number() == dao::kErrCannotOpen ||
+           error.Number() == dao::kErrUpdateLocked || error.Number() == dao::kErrSaveLocked;
+}
 
 bool InUseByAnother(const QString& live) {
     bool damaged = false;

@@ -3,11 +3,16 @@
 // file as it was in the safety file beside it (QUILL020.BAK), one generation
 // only, and works only when no other workstation is using the file.
 
+#include "platform/dao.h"
+
 #include <QString>
 
 namespace quillon {
 
 enum class UpkeepResult { Done, InUse };
+
+// True when `error` says that another workstation holds the file.
+bool InUseElsewhere(const dao::DaoError& error);
 
 // True when another workstation is using the file at this moment.
 bool InUseByAnother(const QString& live);

@@ -1,5 +1,6 @@
 #include "sections/section_forms_gui.h"
 
+#include "sections/frmAdministration.h"
 #include "sections/frmDiary.h"
 #include "sections/frmHelpDiary.h"
 #include "sections/frmHelpIndics.h"
@@ -7,6 +8,7 @@
 #include "sections/frmIEmployment.h"
 #include "sections/frmIPersonal.h"
 #include "sections/frmPersonal.h"
+#include "sections/frmSelectOffice.h"
 #include "sections/frmSpouseList.h"
 #include "sections/frmUser.h"
 #include "sections/frmYearEnd.h"
@@ -15,10 +17,10 @@ namespace quillon {
 
 std::span<const FormRow> SectionForms() {
     static const FormRow forms[] = {
-        ChildForm<frmPersonal>(),     ChildForm<frmUser>(),       DialogForm<frmSpouseList>(),
-        ChildForm<frmDiary>(),        DialogForm<frmHelpDiary>(), DialogForm<frmIPersonal>(),
-        DialogForm<frmIEmployment>(), DialogForm<frmIBusiness>(), DialogForm<frmHelpIndics>(),
-        DialogForm<frmYearEnd>(),
+        ChildForm<frmPersonal>(),     ChildForm<frmUser>(),           DialogForm<frmSpouseList>(),
+        ChildForm<frmDiary>(),        DialogForm<frmHelpDiary>(),     DialogForm<frmIPersonal>(),
+        DialogForm<frmIEmployment>(), DialogForm<frmIBusiness>(),     DialogForm<frmHelpIndics>(),
+        DialogForm<frmYearEnd>(),     ChildForm<frmAdministration>(), DialogForm<frmSelectOffice>(),
     };
     return forms;
 }

@@ -151,6 +151,7 @@ void SectionScreen::ReadCRecord() {
                       image_.Fill(row);
                       setWindowTitle(Caption());
                   });
+    RowRead();
 }
 
 void SectionScreen::WriteCRecord() {

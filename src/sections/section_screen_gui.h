@@ -120,6 +120,8 @@ protected:
     virtual QString CaptionDetail() const { return QString(); }
     // Reads beyond the row, after ReadCRecord at activation.
     virtual void ReadMore() {}
+    // After every ReadCRecord, at activation and after a move alike.
+    virtual void RowRead() {}
     // Around a page change: before the page left is saved, and after the new
     // page is read.
     virtual void PageLeaving() {}

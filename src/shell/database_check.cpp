@@ -5,6 +5,7 @@
 #include "platform/dao.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "reference/reference_files.h"
 #include "shell/program_folder.h"
 #include "shell/variables.h"
 
@@ -17,8 +18,6 @@ const QString kFirstCheckCopy = QStringLiteral("BACKUP15.MDB");
 const QString kOfficeDatabase = QStringLiteral("TAXOFF2.MDB");
 const QString kDeliveredOffices = QStringLiteral("DTAXOFF2.MDB");
 const QString kDeliveredDividends = QStringLiteral("DDIV2015.MDB");
-constexpr int kFirstDividendYear = 2012;
-constexpr int kLastDividendYear = 2015;
 
 QString slotFolder() {
     return DatabaseFolder.at(SelectedFile);
@@ -29,17 +28,13 @@ bool fileStands(const QString& folder, const QString& name) {
     return !Dir(PathIn(folder, name)).isEmpty();
 }
 
-// Copies are made quietly: a failed one only leaves its commands disabled.
+// Copies are made quietly: a failed one only leaves its commands disabled,
+// and never a half-copied file under the name.
 void copyQuietly(const QString& source, const QString& destination) {
     try {
-        FileCopy(source, destination);
+        PlaceFileCopy(source, destination);
     } catch (const dao::DaoError&) {
     }
-}
-
-// DIV2012.MDB to DIV2015.MDB.
-QString dividendFile(int year) {
-    return QStringLiteral("DIV%1.MDB").arg(year);
 }
 
 // The working copy lives beside the client database; the delivered one stays put.
@@ -107,10 +102,10 @@ void FindDatabases() {
     ClientDatabaseFound = fileStands(slotFolder(), kClientDatabase);
     placeDeliveredCopy(kDeliveredOffices, kOfficeDatabase);
     OfficeDatabaseFound = fileStands(slotFolder(), kOfficeDatabase);
-    placeDeliveredCopy(kDeliveredDividends, dividendFile(kLastDividendYear));
+    placeDeliveredCopy(kDeliveredDividends, DividendFileName(kLastDividendYear));
     DividendDatabaseFound = false;
     for (int year = kFirstDividendYear; year <= kLastDividendYear; ++year) {
-        *dividendFlag(year) = fileStands(slotFolder(), dividendFile(year));
+        *dividendFlag(year) = fileStands(slotFolder(), DividendFileName(year));
         DividendDatabaseFound = DividendDatabaseFound || *dividendFlag(year);
     }
 }

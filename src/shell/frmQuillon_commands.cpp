@@ -251,7 +251,10 @@ void frmQuillon::mnuClients_Click() {
 }
 
 void frmQuillon::mnuDiv_Click(int year) {
-    UnloadForm(QStringLiteral("frmDividends"));
+    // A screen that keeps a date outside its year stays on that year's file.
+    if (!UnloadForm(QStringLiteral("frmDividends"))) {
+        return;
+    }
     QCoreApplication::processEvents();
     TaxYear = static_cast<qint16>(year);
     showTarget(QStringLiteral("frmDividends"));

@@ -6,6 +6,7 @@
 #include "maintenance/maintenance_forms_gui.h"
 #include "platform/services.h"
 #include "platform/services_gui.h"
+#include "reference/reference_forms_gui.h"
 #include "reports/print_backend_gui.h"
 #include "reports/report_forms_gui.h"
 #include "sections/section_forms_gui.h"
@@ -95,7 +96,7 @@ void noteEnvironment() {
 void RegisterProgramForms() {
     initShellResources();
     for (const auto forms : {ShellForms(), ClientForms(), SectionForms(), ReportForms(),
-                             CorrespondenceForms(), MaintenanceForms()}) {
+                             CorrespondenceForms(), MaintenanceForms(), ReferenceForms()}) {
         RegisterForms(forms);
     }
 }

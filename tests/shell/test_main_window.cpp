@@ -151,8 +151,10 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",     "frmBusiness", "frmContributions",
-    "frmDividends",      "frmEmployment", "frmOffices",
+    "frmAssets",
+    "frmBusiness",
+    "frmContributions",
+    "frmEmployment",
 };
 QStringList unregisteredForms;
 
