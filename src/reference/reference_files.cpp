@@ -82,11 +82,6 @@ QString InProgramFolder(const QString& path) {
     return PathOnDisk(QDir::isRelativePath(path) ? PathIn(ProgramFolder(), path) : path);
 }
 
-bool Locked(const dao::DaoError& error) {
-    return error.Number() == dao::kErrUpdateLocked || error.Number() == dao::kErrSaveLocked ||
-           error.Number() == dao::kErrFileInUse;
-}
-
 void CopyPublishedShares(dao::Database& published, dao::Database& working) {
     dao::Recordset from = published.OpenRecordset(kDividends);
     dao::Recordset into = working.OpenRecordset(kDividends);
@@ -239,22 +234,33 @@ const QStringList& PublishedShareFields() {
     return fields;
 }
 
+// The merge is made in a copy beside the working file, in one transaction, and
+// the copy then takes the file's name while this workstation alone holds it: a
+// failure at any point leaves the user's file as it was, and nobody finds half
+// of one.
 ReferenceChange MergeDividendFile(const QString& published, const QString& working) {
-    dao::Database from = dao::OpenDatabase(PathOnDisk(published), false, true);
-    dao::Database into = dao::OpenDatabase(PathOnDisk(working));
-    try {
-        into.BeginTrans();
-        into.Execute(QStringLiteral("DELETE FROM Dividends WHERE Issued=1"));
-        CopyPublishedShares(from, into);
-        TakeVersion(from, into);
-        into.CommitTrans();
-    } catch (const dao::DaoError& error) {
-        into.Rollback();
-        if (Locked(error)) {
-            return ReferenceChange::InUse;
-        }
-        throw;
+    const QString into = PathOnDisk(working);
+    std::optional<dao::Database> holder;
+    if (!HoldAlone(into, holder)) {
+        return ReferenceChange::InUse;
     }
+    const ScratchFile scratch(into + QStringLiteral(".new"));
+    FileCopy(into, scratch.Path());
+    {
+        dao::Database from = dao::OpenDatabase(PathOnDisk(published), false, true);
+        dao::Database copy = dao::OpenDatabase(scratch.Path());
+        copy.BeginTrans();
+        try {
+            copy.Execute(QStringLiteral("DELETE FROM Dividends WHERE Issued=1"));
+            CopyPublishedShares(from, copy);
+            TakeVersion(from, copy);
+            copy.CommitTrans();
+        } catch (const dao::DaoError&) {
+            copy.Rollback();
+            throw;
+        }
+    }
+    MoveOver(scratch.Path(), into);
     return ReferenceChange::Done;
 }
 
