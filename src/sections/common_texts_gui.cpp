@@ -37,6 +37,14 @@ void CommonTexts::Read(const QString& procedure, const RowReader& more) {
     });
 }
 
+void CommonTexts::FinishTyping() {
+    for (auto& [index, entry] : entries_) {
+        if (entry.box->hasFocus()) {
+            Left(index, entry);
+        }
+    }
+}
+
 bool CommonTexts::eventFilter(QObject* watched, QEvent* event) {
     const bool in = event->type() == QEvent::FocusIn;
     const bool out = event->type() == QEvent::FocusOut;

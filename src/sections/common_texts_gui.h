@@ -29,6 +29,9 @@ public:
     // Fills the boxes and their images from the row, then hands the row to
     // `more`; failures are reported as `procedure`.
     void Read(const QString& procedure, const RowReader& more = nullptr);
+    // Asks about the box that has the focus, as leaving it would: a save by a
+    // button that takes no focus must not pass over a changed description.
+    void FinishTyping();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
