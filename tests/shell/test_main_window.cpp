@@ -151,8 +151,7 @@ private:
 
 // The forms of screens still to be built: their commands do nothing yet.
 const QStringList kFormsToCome = {
-    "frmAdministration", "frmAssets",    "frmBusiness",   "frmClientRecords", "frmContributions",
-    "frmDiary",          "frmDividends", "frmEmployment", "frmOffices",
+    "frmAdministration", "frmClientRecords", "frmDiary", "frmDividends", "frmOffices",
 };
 QStringList unregisteredForms;
 
