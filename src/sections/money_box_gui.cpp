@@ -12,7 +12,15 @@ namespace quillon {
 MoneyBox::MoneyBox(QLineEdit* box, std::function<void()> left)
     : QObject(box), box_(box), left_(std::move(left)) {
     UseMoneyFont(box);
-    InstallKeyRoutine(box, [box](int& key) { MoneyKeyFilter(box->text(), key); });
+    // A full box is judged by what stays of it: typed over a selection, the
+    // key replaces what is selected.
+    InstallKeyRoutine(box, [box](int& key) {
+        QString kept = box->text();
+        if (box->hasSelectedText()) {
+            kept.remove(box->selectionStart(), box->selectedText().size());
+        }
+        MoneyKeyFilter(kept, key);
+    });
     box->installEventFilter(this);
 }
 

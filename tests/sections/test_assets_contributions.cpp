@@ -31,41 +31,28 @@ class TestAssetsContributions : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void moneyBoxes_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("total");  // with 1000 on another line
-        const char* rows[][4] = {
-            {"whole", "250", "     250", "    1250"},
-            {"minus: bracketed, so adds nothing", "-500", "    (500)", "    1000"},
-            {"half rounds up", "12.5", "      13", "    1013"},
-            {"bracket reads nothing", "(500)", "", "    1000"},
-            {"ninth digit refused", "123456789", "12345678", "12346678"},
-            {"total too large", "99999999", "99999999", "********"},
-            {"just a sign", "-", "", "    1000"},
-        };
-        for (const auto& row : rows) {
-            QTest::newRow(row[0]) << row[1] << row[2] << row[3];
-        }
-    }
-    // A value is rewritten when left, the net total follows at once, and the
-    // save stores the text as shown.
-    void moneyBoxes() {
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QFETCH(QString, total);
+    // Each text typed into a value and left: what the box then shows, the net
+    // total with 1000 on another line, and the beeps. The save stores the text
+    // as shown.
+    void moneyBoxesRewriteTheirFiguresAndTheTotalFollows() {
         ScriptedServices services;
         SectionWorld world({kAda});
         SetFields(kAssets, kAda, {{u"Value 1"_qs, u"    1000"_qs}});
         frmAssets* assets = OpenAssets();
-        QCOMPARE(assets->txtATotal->text(), u"    1000"_qs);
         QLineEdit* value = assets->Box(u"txtAValue(7)"_qs);
-        TypeInto(value, typed);
-        QCOMPARE(value->text(), shown);
-        QCOMPARE(assets->txtATotal->text(), total);
-        QCOMPARE(services.messages.Beeps(), 0);
+        QStringList outcomes;
+        for (const char* typed : {"250", "-500", "12.5", "(500)", "123456789", "99999999", "-"}) {
+            TypeInto(value, QString::fromLatin1(typed));
+            outcomes << u"%1: [%2] total [%3], %4 beeps"_qs
+                            .arg(typed, value->text(), assets->txtATotal->text())
+                            .arg(services.messages.Beeps());
+        }
+        QCOMPARE(outcomes, ReferenceLines(u"assets-money-boxes.txt"_qs, outcomes));
         QVERIFY(UnloadForm(u"frmAssets"_qs));
-        QCOMPARE(FieldOf(kAssets, kAda, u"Value 7"_qs).toString(), shown);
+        QCOMPARE(FieldOf(kAssets, kAda, u"Value 7"_qs).toString(), QString());
+        TypeInto(OpenAssets()->Box(u"txtAValue(7)"_qs), u"-5"_qs);
+        QVERIFY(UnloadForm(u"frmAssets"_qs));
+        QCOMPARE(FieldOf(kAssets, kAda, u"Value 7"_qs).toString(), u"      (5)"_qs);
     }
 
     // Brackets read as nothing: leaving a bracketed value again empties it. A
@@ -151,68 +138,37 @@ private Q_SLOTS:
         QCOMPARE(FieldOf(kAssets, kAda, u"Value 18"_qs).toString(), QString());
     }
 
-    void cycles_data() {
-        QTest::addColumn<QString>("clicks");  // T type, S single/regular, N net/gross
-        QTest::addColumn<QString>("shown");   // type/SR/NG
-        QTest::newRow("blank to RAP, gross") << "T"
-                                             << "RAP//G";
-        QTest::newRow("RAP to PPC keeps gross") << "TT"
-                                                << "PPC//G";
-        QTest::newRow("PPC to FSAVC, net") << "TTT"
-                                           << "FSAVC//N";
-        QTest::newRow("cleared through the type") << "STTTT"
-                                                  << "//";
-        QTest::newRow("PPC chooses: G to blank") << "TTN"
-                                                 << "PPC//";
-        QTest::newRow("PPC chooses: blank to N") << "TTNN"
-                                                 << "PPC//N";
-        QTest::newRow("PPC chooses: N to G") << "TTNNN"
-                                             << "PPC//G";
-        QTest::newRow("no choice on RAP") << "TN"
-                                          << "RAP//G";
-        QTest::newRow("no choice on FSAVC") << "TTTN"
-                                            << "FSAVC//N";
-        QTest::newRow("no choice on blank") << "N"
-                                            << "//";
-        QTest::newRow("single") << "S"
-                                << "/S/";
-        QTest::newRow("regular") << "SS"
-                                 << "/R/";
-        QTest::newRow("S/R round") << "SSS"
-                                   << "//";
-    }
-    // Clicks go round as the rules say, and the save stores the captions.
-    void cycles() {
-        QFETCH(QString, clicks);
-        QFETCH(QString, shown);
+    // Each run of clicks on a line of its own (T type, S single or regular, N
+    // net or gross): the three boxes as shown, and as saved.
+    void theColumnsGoRoundByTheirRules() {
         ScriptedServices services;
         SectionWorld world({kAda});
         auto* screen =
             qobject_cast<frmContributions*>(OpenSection(QStringLiteral("cm3Contributions")));
         const char* columns[] = {"lblCType", "lblCSR", "lblCNG"};
-        for (QChar click : clicks) {
-            Click(screen->Cell(columns[QStringLiteral("TSN").indexOf(click)], 20));
+        const char* runs[] = {"T",  "TT",   "TTT", "STTTT", "TTN", "TTNN", "TTNNN",
+                              "TN", "TTTN", "N",   "S",     "SS",  "SSS"};
+        QStringList shown;
+        for (int line = 1; line <= int(std::size(runs)); ++line) {
+            QStringList boxes;
+            for (QChar click : QString::fromLatin1(runs[line - 1])) {
+                Click(screen->Cell(columns[u"TSN"_qs.indexOf(click)], line));
+            }
+            for (const char* column : columns) {
+                boxes << screen->Cell(column, line)->text();
+            }
+            shown << QString::fromLatin1(runs[line - 1]) + u": "_qs + boxes.join(u'/');
         }
-        QStringList captions;
-        for (const char* column : columns) {
-            captions << screen->Cell(column, 20)->text();
-        }
-        QCOMPARE(captions.join(u'/'), shown);
+        QCOMPARE(shown, ReferenceLines(u"contributions-cycles.txt"_qs, shown));
         QVERIFY(UnloadForm(u"frmContributions"_qs));
-        QStringList stored;
-        for (const char* field : {"Type 20", "SR 20", "NG 20"}) {
-            stored << FieldOf(u"Contributions"_qs, kAda, QString::fromLatin1(field)).toString();
+        for (int line = 1; line <= int(std::size(runs)); ++line) {
+            QStringList stored;
+            for (const char* field : {"Type %1", "SR %1", "NG %1"}) {
+                stored << FieldOf(u"Contributions"_qs, kAda, QString::fromLatin1(field).arg(line))
+                              .toString();
+            }
+            QVERIFY(shown[line - 1].endsWith(u": "_qs + stored.join(u'/')));
         }
-        QCOMPARE(stored.join(u'/'), shown);
-    }
-
-    void helpOnContributions() {
-        ScriptedServices services;
-        SectionWorld world({kAda});
-        SectionScreen* screen = OpenSection(QStringLiteral("cm3Contributions"));
-        WithModal(
-            [screen] { Click(screen->cm3Help); },
-            [](QWidget* help) { QCOMPARE(help->windowTitle(), u"Pension Contributions Help"_qs); });
     }
 };
 

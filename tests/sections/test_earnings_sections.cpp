@@ -22,36 +22,35 @@ using namespace quillon::testing;
 
 namespace {
 
-struct Names {
-    QString command, table, spin, label, years, earnings, buttons, flag, flagField, indicators;
-};
-
-Names Fetched() {
-    QFETCH(QString, screen);
-    if (screen == u"employment"_qs) {
-        return {"cm3Employment", "Employment %1", "spnEPage",    "lblEPage", "txtEYear",
-                "txtENRE",       "cm3ENRE",       "chkDirector", "Director", "frmIEmployment"};
-    }
-    return {"cm3Business", "Business %1", "spnBPage", "lblBPage",      "txtBYear",
-            "txtBNRE",     "cm3BNRE",     "chkMain",  "Main Business", "frmIBusiness"};
+// A control of the screen under test: "txt%1Year(3)" is txtEYear(3) on the
+// employment screen, txtBYear(3) on the business screen.
+template <typename Widget = QLineEdit>
+Widget* Own(QWidget* screen, const QString& name) {
+    QFETCH(QString, letter);
+    return Control<Widget>(screen, name.arg(letter));
 }
 
-QString Line(const QString& prefix, int line) {
-    return prefix + QStringLiteral("(%1)").arg(line);
+QString Table(int page) {
+    QFETCH(QString, section);
+    return section + QStringLiteral(" %1").arg(page);
+}
+
+void Turn(QWidget* screen, Qt::Key arrow) {
+    QTest::keyClick(Own<QSpinBox>(screen, u"spn%1Page"_qs), arrow);
 }
 
 // The eight lines as the screen shows them, "year=earnings" each.
-QStringList Lines(EarningsScreen* screen, const Names& n) {
+QStringList Lines(QWidget* screen) {
+    QFETCH(QString, letter);
     QStringList lines;
     for (int i = 1; i <= 8; ++i) {
-        lines << screen->Box(Line(n.years, i))->text() + u'=' +
-                     screen->Box(Line(n.earnings, i))->text();
+        const auto text = [&](const char* column) {
+            const QString name = QStringLiteral("txt%1%2(%3)").arg(letter).arg(column).arg(i);
+            return Control<QLineEdit>(screen, name)->text();
+        };
+        lines << text("Year") + u'=' + text("NRE");
     }
     return lines;
-}
-
-void Turn(EarningsScreen* screen, const Names& n, Qt::Key arrow) {
-    QTest::keyClick(Control<QSpinBox>(screen, n.spin), arrow);
 }
 
 // Replaces the form `name` by one that notes its opening and closes at once.
@@ -72,50 +71,67 @@ class TestEarningsSections : public QObject {
     Q_OBJECT
 
 private:
-    static void screens_data() {
-        QTest::addColumn<QString>("screen");
-        QTest::newRow("employment") << "employment";
-        QTest::newRow("business") << "business";
+    static void screens() {
+        QTest::addColumn<QString>("section");
+        QTest::addColumn<QString>("letter");
+        QTest::addColumn<QString>("flag");
+        QTest::addColumn<QString>("flagField");
+        QTest::newRow("employment") << "Employment"
+                                    << "E"
+                                    << "chkDirector"
+                                    << "Director";
+        QTest::newRow("business") << "Business"
+                                  << "B"
+                                  << "chkMain"
+                                  << "Main Business";
     }
 
 private Q_SLOTS:
-
-    // Back from 1 is 4 and on from 4 is 1, each turn saving the page left;
-    // the section opened again from the main window starts at page 1.
-    void everyTurnOfThePageSavesThePageLeft_data() { screens_data(); }
-    void everyTurnOfThePageSavesThePageLeft() {
-        const Names n = Fetched();
+    // Back from 1 is 4 and on from 4 is 1, each turn saving the page left; a
+    // flag is written at its click to the page shown, each page keeping its
+    // own; the section opened again from the main window starts at page 1.
+    void pagesAreTablesOfTheirOwn_data() { screens(); }
+    void pagesAreTablesOfTheirOwn() {
+        QFETCH(QString, section);
+        QFETCH(QString, flagField);
         ScriptedServices services;
         SectionWorld world({kAda});
-        SetFields(n.table.arg(2), kAda, {{QStringLiteral("Tax Year 1"), QStringLiteral("on 2")}});
-        auto* screen = qobject_cast<EarningsScreen*>(OpenSection(n.command));
-        QLineEdit* year = screen->Box(Line(n.years, 1));
-        TypeInto(year, QStringLiteral("on 1"));
-        Turn(screen, n, Qt::Key_Down);
-        QCOMPARE(FieldOf(n.table.arg(1), kAda, u"Tax Year 1"_qs).toString(), u"on 1"_qs);
-        QCOMPARE(Control<QLabel>(screen, n.label)->text(), u"PAGE 4"_qs);
-        QVERIFY(screen->windowTitle().endsWith(u" 4)"_qs));
-        TypeInto(year, QStringLiteral("on 4"));
-        Turn(screen, n, Qt::Key_Up);
-        QCOMPARE(FieldOf(n.table.arg(4), kAda, u"Tax Year 1"_qs).toString(), u"on 4"_qs);
+        SetFields(Table(2), kAda, {{u"Tax Year 1"_qs, u"on 2"_qs}});
+        SectionScreen* screen = OpenSection(u"cm3"_qs + section);
+        QLineEdit* year = Own(screen, u"txt%1Year(1)"_qs);
+        QFETCH(QString, flag);
+        auto* tick = Control<QCheckBox>(screen, flag);
+        TypeInto(year, u"on 1"_qs);
+        Click(tick);
+        Turn(screen, Qt::Key_Down);
+        QCOMPARE(FieldOf(Table(1), kAda, u"Tax Year 1"_qs).toString(), u"on 1"_qs);
+        QCOMPARE(Own<QLabel>(screen, u"lbl%1Page"_qs)->text(), u"PAGE 4"_qs);
+        QCOMPARE(screen->windowTitle(), u"Ada Lovell (%1 4)"_qs.arg(section));
+        QVERIFY(!tick->isChecked());
+        Click(tick);
+        QCOMPARE(FieldOf(Table(4), kAda, flagField).toBool(), true);
+        QCOMPARE(FieldOf(Table(1), kAda, flagField).toBool(), true);
+        Turn(screen, Qt::Key_Up);
         QCOMPARE(year->text(), u"on 1"_qs);
-        Turn(screen, n, Qt::Key_Up);
+        Turn(screen, Qt::Key_Up);
         QCOMPARE(year->text(), u"on 2"_qs);
-        Turn(screen, n, Qt::Key_Up);
-        TypeInto(year, QStringLiteral("on 3"));
-        OpenSection(QStringLiteral("cm3Assets"));
-        QCOMPARE(FieldOf(n.table.arg(3), kAda, u"Tax Year 1"_qs).toString(), u"on 3"_qs);
-        screen = qobject_cast<EarningsScreen*>(OpenSection(n.command));
-        QCOMPARE(Control<QLabel>(screen, n.label)->text(), u"PAGE 1"_qs);
-        QCOMPARE(screen->Box(Line(n.years, 1))->text(), u"on 1"_qs);
+        QStringList opened;
+        StandIn(u"frmI"_qs + section, opened);
+        Click(Control<QPushButton>(screen, u"cm3Indicators"_qs));
+        QCOMPARE(opened, QStringList{u"frmI"_qs + section});
+        QCOMPARE(*SectionOfForm(screen->objectName())->page, 2);
+        TypeInto(year, u"on 2!"_qs);
+        OpenSection(u"cm3Assets"_qs);
+        QCOMPARE(FieldOf(Table(2), kAda, u"Tax Year 1"_qs).toString(), u"on 2!"_qs);
+        screen = OpenSection(u"cm3"_qs + section);
+        QCOMPARE(Own<QLabel>(screen, u"lbl%1Page"_qs)->text(), u"PAGE 1"_qs);
         QCOMPARE(services.messages.Count(), 0);
     }
 
     // A line that would be lost is asked about; No changes nothing. Only the
     // boxes move: the next save writes all that moved in one update.
-    void theEarningsListSlidesOnScreenAndIsSavedInOneUpdate_data() { screens_data(); }
+    void theEarningsListSlidesOnScreenAndIsSavedInOneUpdate_data() { screens(); }
     void theEarningsListSlidesOnScreenAndIsSavedInOneUpdate() {
-        const Names n = Fetched();
         ScriptedServices services;
         SectionWorld world({kAda});
         QList<QPair<QString, QVariant>> lines;
@@ -125,112 +141,73 @@ private Q_SLOTS:
                   << qMakePair(u"NRE %1"_qs.arg(i), QString::number(i));
             full << u"Y%1=%1"_qs.arg(i);
         }
-        SetFields(n.table.arg(1), kAda, lines);
+        SetFields(Table(1), kAda, lines);
         test::SqliteProbe probe(world.DatabasePath());
         QVERIFY(probe.Exec(u"CREATE TABLE Updates (n)"_qs));
-        QVERIFY(probe.Exec(u"CREATE TRIGGER Counted AFTER UPDATE ON "_qs +
-                           test::Quoted(n.table.arg(1)) +
+        QVERIFY(probe.Exec(u"CREATE TRIGGER Counted AFTER UPDATE ON "_qs + test::Quoted(Table(1)) +
                            u" BEGIN INSERT INTO Updates VALUES (1); END"_qs));
-        auto* screen = qobject_cast<EarningsScreen*>(OpenSection(n.command));
+        QFETCH(QString, section);
+        SectionScreen* screen = OpenSection(u"cm3"_qs + section);
         services.messages.Answer(vbNo);
-        Click(Control<QPushButton>(screen, Line(n.buttons, 1)));
-        QCOMPARE(
-            services.messages.Last().prompt,
-            u"If you scroll down, the last entry in the list will be lost.\n\nDo you wish to continue?"_qs);
-        QCOMPARE(services.messages.Last().title, u"Net Relevant Earnings"_qs);
-        QCOMPARE(services.messages.Last().style, int(vbYesNo | vbQuestion | vbDefaultButton2));
-        QCOMPARE(Lines(screen, n), full);
+        Click(Own<QPushButton>(screen, u"cm3%1NRE(1)"_qs));
+        const ShownMessage question = services.messages.Last();
+        QCOMPARE(question.prompt,
+                 u"If you scroll down, the last entry in the list will be "
+                 "lost.\n\nDo you wish to continue?"_qs);
+        QCOMPARE(question.title, u"Net Relevant Earnings"_qs);
+        QCOMPARE(question.style, int(vbYesNo | vbQuestion | vbDefaultButton2));
+        QCOMPARE(Lines(screen), full);
         services.messages.Answer(vbYes);
-        Click(Control<QPushButton>(screen, Line(n.buttons, 0)));
+        Click(Own<QPushButton>(screen, u"cm3%1NRE(0)"_qs));
         QVERIFY(
             services.messages.Last().prompt.startsWith(u"If you scroll up, the first entry"_qs));
         QCOMPARE(services.messages.Beeps(), 2);
-        Click(Control<QPushButton>(screen, Line(n.buttons, 1)));  // the last line is empty
-        Click(Control<QPushButton>(screen, Line(n.buttons, 0)));  // and now the first
+        Click(Own<QPushButton>(screen, u"cm3%1NRE(1)"_qs));  // the last line is empty
+        Click(Own<QPushButton>(screen, u"cm3%1NRE(0)"_qs));  // and now the first
         QCOMPARE(services.messages.Count(), 2);
-        const QStringList moved = full.mid(1) << u"="_qs;
-        QCOMPARE(Lines(screen, n), moved);
+        QCOMPARE(Lines(screen), full.mid(1) << u"="_qs);
         QCOMPARE(probe.Value(u"SELECT count(*) FROM Updates"_qs).toInt(), 0);
-        Turn(screen, n, Qt::Key_Up);
+        Turn(screen, Qt::Key_Up);
         QCOMPARE(probe.Value(u"SELECT count(*) FROM Updates"_qs).toInt(), 1);
-        QCOMPARE(FieldOf(n.table.arg(1), kAda, u"Tax Year 1"_qs).toString(), u"Y2"_qs);
-        QCOMPARE(FieldOf(n.table.arg(1), kAda, u"NRE 7"_qs).toString(), u"8"_qs);
-        QCOMPARE(FieldOf(n.table.arg(1), kAda, u"Tax Year 8"_qs).toString(), QString());
+        QCOMPARE(FieldOf(Table(1), kAda, u"Tax Year 1"_qs).toString(), u"Y2"_qs);
+        QCOMPARE(FieldOf(Table(1), kAda, u"NRE 7"_qs).toString(), u"8"_qs);
+        QCOMPARE(FieldOf(Table(1), kAda, u"Tax Year 8"_qs).toString(), QString());
     }
 
-    // A flag is written at its click, to the page shown, and each page keeps
-    // its own; the indicators open by name for the page.
-    void flagsAreWrittenAtTheirClickToThePageShown_data() { screens_data(); }
-    void flagsAreWrittenAtTheirClickToThePageShown() {
-        const Names n = Fetched();
+    // Each year end typed, day then month, and Next: a bad one is told when
+    // the month is left and again by the move, which saves nothing, with the
+    // focus in the day whichever of the two was wrong.
+    void aBadYearEndIsToldWhenLeftAndStopsAMove() {
         ScriptedServices services;
         SectionWorld world({kAda});
-        auto* screen = qobject_cast<EarningsScreen*>(OpenSection(n.command));
-        auto* flag = Control<QCheckBox>(screen, n.flag);
-        Click(flag);
-        Turn(screen, n, Qt::Key_Up);
-        QVERIFY(!flag->isChecked());
-        Click(flag);
-        QCOMPARE(FieldOf(n.table.arg(1), kAda, n.flagField).toBool(), true);
-        QCOMPARE(FieldOf(n.table.arg(2), kAda, n.flagField).toBool(), true);
-        Click(flag);
-        QCOMPARE(FieldOf(n.table.arg(2), kAda, n.flagField).toBool(), false);
-        QStringList opened;
-        StandIn(n.indicators, opened);
-        Click(screen->cm3Indicators);
-        QCOMPARE(opened, QStringList{n.indicators});
-        QCOMPARE(*SectionOfForm(screen->objectName())->page, 2);
-    }
-
-    void yearEnds_data() {
-        QTest::addColumn<QString>("day");
-        QTest::addColumn<QString>("month");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("29 February") << "29"
-                                     << "2" << false;
-        QTest::newRow("28 February") << "28"
-                                     << "02" << true;
-        QTest::newRow("31 April") << "31"
-                                  << "4" << false;
-        QTest::newRow("30 April") << "30"
-                                  << "4" << true;
-        QTest::newRow("day 0") << "0"
-                               << "1" << false;
-        QTest::newRow("month 13") << "1"
-                                  << "13" << false;
-        QTest::newRow("month 0") << "1"
-                                 << "0" << false;
-        QTest::newRow("31 December") << "31"
-                                     << "12" << true;
-        QTest::newRow("no month") << "31"
-                                  << "" << true;
-        QTest::newRow("no day") << ""
-                                << "13" << true;
-    }
-    // A bad year end is told when either box is left, and stops a move with
-    // the focus in the day, whichever of the two was wrong.
-    void yearEnds() {
-        QFETCH(QString, day);
-        QFETCH(QString, month);
-        QFETCH(bool, valid);
-        ScriptedServices services;
-        SectionWorld world({kAda, kBert});
         SectionScreen* screen = OpenSection(u"cm3Business"_qs);
-        for (int told = valid ? 0 : 2; told > 0; --told) {
-            services.messages.Answer(vbOK);
-        }
-        TypeInto(screen->Box(u"txtEndDay"_qs), day);
-        TypeInto(screen->Box(u"txtEndMonth"_qs), month);
-        Click(screen->cm3Next);
-        QCOMPARE(services.messages.Count(), valid ? 0 : 2);
-        QCOMPARE(CurrentLast, valid ? kBert.last : kAda.last);
-        if (!valid) {
-            QCOMPARE(services.messages.Last().prompt, u"Invalid Year-end date"_qs);
-            QCOMPARE(services.messages.Last().title, u"Business"_qs);
-            QCOMPARE(services.messages.Last().style, int(vbOKOnly));
-            QVERIFY(screen->Box(u"txtEndDay"_qs)->hasFocus());
-            QVERIFY(FieldOf(u"Business 1"_qs, kAda, u"Year end month"_qs).isNull());
-            TypeInto(screen->Box(u"txtEndDay"_qs), QString());  // mended, it may close
+        QLineEdit* day = screen->Box(u"txtEndDay"_qs);
+        QLineEdit* month = screen->Box(u"txtEndMonth"_qs);
+        const struct {
+            const char *day, *month;
+            bool valid;
+        } ends[] = {{"29", "2", false}, {"28", "02", true}, {"31", "4", false}, {"30", "4", true},
+                    {"0", "1", false},  {"1", "13", false}, {"1", "0", false},  {"31", "12", true},
+                    {"31", "", true},   {"", "13", true}};
+        for (const auto& end : ends) {
+            for (int told = end.valid ? 0 : 2; told > 0; --told) {
+                services.messages.Answer(vbOK);
+            }
+            TypeInto(day, QString::fromLatin1(end.day));
+            TypeInto(month, QString::fromLatin1(end.month));
+            Click(screen->cm3Next);
+            const QString stored = FieldOf(u"Business 1"_qs, kAda, u"Year end month"_qs).toString();
+            QVERIFY2(services.messages.Count() == (end.valid ? 0 : 2), end.month);
+            QVERIFY2((stored == QLatin1String(end.month)) == end.valid, end.month);
+            if (!end.valid) {
+                QCOMPARE(services.messages.Last().prompt, u"Invalid Year-end date"_qs);
+                QCOMPARE(services.messages.Last().title, u"Business"_qs);
+                QCOMPARE(services.messages.Last().style, int(vbOKOnly));
+                QVERIFY(day->hasFocus());
+            }
+            TypeInto(day, QString());  // mended, both boxes empty for the next
+            TypeInto(month, QString());
+            services.messages.ClearRecord();
         }
     }
 

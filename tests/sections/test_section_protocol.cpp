@@ -20,8 +20,6 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include <algorithm>
-
 using namespace quillon;
 using namespace quillon::testing;
 
@@ -62,27 +60,9 @@ const Screen kScreens[] = {
      "Provider 20", "Ada Lovell (Pension Contributions)", "txtCDate(20)", "1/1/2001", kShort},
 };
 
-// The first client, in name order, with an employment, a business, assets
-// and a pension contribution.
-ClientName FilledClient() {
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
-    dao::Recordset clients = db.OpenRecordset(QStringLiteral("Clients"));
-    clients.SetIndex(QStringLiteral("Name"));
-    const char* filled[][2] = {{"Employment 1", "Employer"},
-                               {"Business 1", "Business Name"},
-                               {"Assets", "Value 1"},
-                               {"Contributions", "Provider 1"}};
-    for (clients.MoveFirst(); !clients.IsEOF(); clients.MoveNext()) {
-        const ClientName client{clients.Fields(QStringLiteral("First Names")).Value().toString(),
-                                clients.Fields(QStringLiteral("Last Name")).Value().toString()};
-        if (std::ranges::all_of(filled, [&client](const auto& field) {
-                return !FieldOf(field[0], client, field[1]).isNull();
-            })) {
-            return client;
-        }
-    }
-    return {};
-}
+// The first client of the synthetic file with an employment, a business,
+// assets and a pension contribution.
+const ClientName kFilled{QStringLiteral("Jack 375"), QStringLiteral("Fairbairn")};
 
 QMdiSubWindow* FrameOf(QWidget* form) {
     return qobject_cast<QMdiSubWindow*>(ChildWindow(form));
@@ -408,10 +388,9 @@ private Q_SLOTS:
         SectionWorld world({kAda});
         QVERIFY(QFile::remove(world.DatabasePath()));
         MakeSyntheticClientDatabase(world.DatabasePath(), 400);
-        const ClientName client = FilledClient();
-        QVERIFY(!client.last.isEmpty());
-        CurrentFirst = client.first;
-        CurrentLast = client.last;
+        QVERIFY(!FieldOf(u"Contributions"_qs, kFilled, u"Provider 1"_qs).isNull());
+        CurrentFirst = kFilled.first;
+        CurrentLast = kFilled.last;
         SectionScreen* screen = OpenSection(command);
         QVERIFY(QTest::qWaitForWindowExposed(screen));
         const QString folder = QStringLiteral(QUILLON_TEST_DATA_DIR "/../../docs/screenshots/");
