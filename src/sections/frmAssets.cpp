@@ -82,6 +82,7 @@ frmAssets::frmAssets(QWidget* parent) : SectionScreen(kAssetsSection, parent) {
         common_->Add(line, description, QStringLiteral("txtAsset_LostFocus"));
         description->setMaxLength(width);  // narrower than other shared texts
     }
+    ReadCommonAlongside({kCommonRow, [this](const dao::Recordset& row) { common_->Fill(row); }});
     for (int line = 1; line <= kLines; ++line) {
         values_.push_back(new MoneyBox(Box(Line("txtAValue", line)), [this] { ShowTotal(); }));
     }
@@ -92,7 +93,6 @@ frmAssets::frmAssets(QWidget* parent) : SectionScreen(kAssetsSection, parent) {
 }
 
 void frmAssets::ReadAlongside() {
-    common_->Read(QStringLiteral("ReadCRecord"));
     ShowTotal();
 }
 

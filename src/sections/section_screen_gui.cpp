@@ -156,11 +156,13 @@ void SectionScreen::Form_Resize() {
 void SectionScreen::ReadCRecord() {
     *row_.shownFirst = CurrentFirst;
     *row_.shownLast = CurrentLast;
-    ReadClientRow(RoutineOf(QStringLiteral("ReadCRecord")), TableName(), Shown(),
-                  [this](const dao::Recordset& row) {
-                      image_.Fill(row);
-                      setWindowTitle(Caption());
-                  });
+    ReadClientRow(
+        RoutineOf(QStringLiteral("ReadCRecord")), TableName(), Shown(),
+        [this](const dao::Recordset& row) {
+            image_.Fill(row);
+            setWindowTitle(Caption());
+        },
+        commonAlongside_);
     ReadAlongside();
 }
 

@@ -141,9 +141,12 @@ protected:
     virtual QString CaptionDetail() const { return QString(); }
     // Reads beyond the row, after ReadCRecord at activation.
     virtual void ReadMore() {}
-    // What goes with every read of the row, found or not: other tables shown
-    // beside it, figures computed from it.
+    // What goes with every read of the row, found or not: figures computed
+    // from it.
     virtual void ReadAlongside() {}
+    // A row of `Common` that every read of the row also reads, found or not,
+    // through the same opening of the file.
+    void ReadCommonAlongside(CommonAlongside common) { commonAlongside_ = std::move(common); }
     // Before a save compares the boxes: finishes what the user is typing, as
     // leaving its box would, for the move buttons take no focus.
     virtual void BeforeWrite() {}
@@ -177,6 +180,7 @@ private:
     const SectionRow& row_;
     QString name_;
     RecordImage image_;
+    CommonAlongside commonAlongside_;
     QScrollArea* scroller_ = nullptr;
     QWidget* body_ = nullptr;
     QHBoxLayout* bottom_ = nullptr;
