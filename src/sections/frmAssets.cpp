@@ -73,6 +73,8 @@ frmAssets::frmAssets(QWidget* parent) : SectionScreen(kAssetsSection, parent) {
     FitShortBoxes(this);
     TightenRows(lines);
 
+    // A description is kept as its image when its box is entered
+    // (txtAsset_GotFocus), and asked about when it is left changed.
     common_ = new CommonTexts(
         this, [] { return kCommonRow; }, QStringLiteral("You have changed an asset description."),
         [] { return kCommonRow; }, QString::fromLatin1(kFormName));
@@ -83,6 +85,7 @@ frmAssets::frmAssets(QWidget* parent) : SectionScreen(kAssetsSection, parent) {
         description->setMaxLength(width);  // narrower than other shared texts
     }
     ReadCommonAlongside({kCommonRow, [this](const dao::Recordset& row) { common_->Fill(row); }});
+    // Leaving a value (txtAValue_LostFocus) rewrites it, then shows the total.
     for (int line = 1; line <= kLines; ++line) {
         values_.push_back(new MoneyBox(Box(Line("txtAValue", line)), [this] { ShowTotal(); }));
     }

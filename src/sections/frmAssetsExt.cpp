@@ -135,6 +135,7 @@ void frmAssetsExt::ShowTotal() {
     if (!assets) {
         return;
     }
+    // Into frmAssets' txtAValue(row), which that screen's own save stores.
     if (QLineEdit* box = assets->Box(QStringLiteral("txtAValue(%1)").arg(line_))) {
         box->setText(MoneyTotalText(total));
     }

@@ -41,6 +41,7 @@ frmEmployment::frmEmployment(QWidget* parent)
     QGroupBox* employer = FieldGroup(QString(), kEmployer);
     QGroupBox* job = FieldGroup(QString(), kJob);
     FitShortBoxes(job);
+    // Each flag reports its own failures: "Procedure: chkDirector_Click" and so on.
     chkDirector = FlagBox("chkDirector", "Director", "Director", "chkDirector_Click");
     chkClose = FlagBox("chkClose", "Close Company", "Close", "chkClose_Click");
     chkMain = FlagBox("chkMain", "Main Employment", "Main Employment", "chkMain_Click");
