@@ -1,10 +1,15 @@
-// A move to the next client on the personal section, on a client database of
-// 10,000 clients: the save of the row left (one field changed), the move
-// through the table's name order and the read of the next row. Run with
+// Steps of a user through the section screens, on a client database of 10,000
+// clients: Next on the personal section (the save of the row left, one field
+// changed, the move through the table's name order and the read of the next
+// row); a turn of the page on the employment section (the page left saved,
+// the next page's table read); Next on the assets section, which also reads
+// the shared descriptions and shows the net total. Run with
 //   bench_sections --benchmark_repetitions=9 --benchmark_report_aggregates_only=true
 // and read the median.
 
 #include "platform/dao.h"
+#include "sections/frmAssets.h"
+#include "sections/frmEmployment.h"
 #include "sections/frmPersonal.h"
 #include "shell/variables.h"
 
@@ -52,6 +57,44 @@ void BM_PersonalNext(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_PersonalNext)->Unit(benchmark::kMillisecond);
+
+// Next, again from the first client once the last is reached.
+template <typename Screen>
+void StepThroughClients(benchmark::State& state, Screen& screen, const QString& box) {
+    int step = 0;
+    for (auto _ : state) {
+        screen.Box(box)->setText(QStringLiteral("%1").arg(++step));
+        const QString before = CurrentFirst + CurrentLast;
+        screen.cm3Next->click();
+        if (CurrentFirst + CurrentLast == before) {
+            state.PauseTiming();
+            screen.cm3First->click();
+            state.ResumeTiming();
+        }
+    }
+}
+
+void BM_EmploymentPageTurn(benchmark::State& state) {
+    fixture();
+    StandOnFirstClient();
+    frmEmployment employment;
+    employment.Form_Activate();
+    int step = 0;
+    for (auto _ : state) {
+        employment.Box(QStringLiteral("txtEYear(1)"))->setText(QString::number(++step % 1000));
+        employment.ChangePage(1);
+    }
+}
+BENCHMARK(BM_EmploymentPageTurn)->Unit(benchmark::kMillisecond);
+
+void BM_AssetsNext(benchmark::State& state) {
+    fixture();
+    StandOnFirstClient();
+    frmAssets assets;
+    assets.Form_Activate();
+    StepThroughClients(state, assets, QStringLiteral("txtANote(2)"));
+}
+BENCHMARK(BM_AssetsNext)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

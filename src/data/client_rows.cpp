@@ -48,15 +48,20 @@ dao::Database OpenOfficeDatabase() {
 }
 
 bool ReadClientRow(const Routine& routine, const QString& table, const ClientName& client,
-                   const RowReader& read) {
+                   const RowReader& read, const CommonAlongside& common) {
     return Reported(routine, [&] {
         dao::Database db = OpenClientDatabase();
         dao::Recordset row = db.OpenRecordset(table, dao::dbOpenTable);
-        if (!SeekClientRecord(row, client.first, client.last)) {
-            return false;
+        const bool found = SeekClientRecord(row, client.first, client.last);
+        if (found) {
+            read(row);
         }
-        read(row);
-        return true;
+        if (!common.name.isEmpty()) {
+            if (dao::Recordset shared = SeekCommon(db, common.name); !shared.NoMatch()) {
+                common.read(shared);
+            }
+        }
+        return found;
     });
 }
 

@@ -33,10 +33,18 @@ dao::Database OpenClientDatabase();
 // The tax offices file beside it.
 dao::Database OpenOfficeDatabase();
 
-// Finds the client's row of `table` and hands it to `read`. False when the row
-// is missing (the user has been told) or the read failed (reported).
+// A row of table `Common` read with a client's row, through the same opening
+// of the file; none when `name` is empty.
+struct CommonAlongside {
+    QString name;
+    RowReader read;
+};
+
+// Finds the client's row of `table` and hands it to `read`, then, found or
+// not, the row `common` names to its reader. False when the client's row is
+// missing (the user has been told) or the read failed (reported).
 bool ReadClientRow(const Routine& routine, const QString& table, const ClientName& client,
-                   const RowReader& read);
+                   const RowReader& read, const CommonAlongside& common = {});
 
 // Finds the client's row of `table`, runs Edit, lets `change` assign fields,
 // and runs Update. False when the row is missing (told) or nothing could be

@@ -107,8 +107,12 @@ QString FormatAmount(double value) {
     return rounded < 0 ? QLatin1Char('(') + digits + QLatin1Char(')') : digits;
 }
 
+QString LeadingNumber(const QString& text) {
+    return NumberScanner().Scan(text);
+}
+
 double Val(const QString& text) {
-    const QString number = NumberScanner().Scan(text);
+    const QString number = LeadingNumber(text);
     if (number.isEmpty()) {
         return 0.0;
     }

@@ -23,4 +23,9 @@ QString FormatAmount(double value);
 // Text with no leading number gives 0: "12abc" is 12, "(12)" is 0.
 double Val(const QString& text);
 
+// The number `Val` reads, as its text: an optional sign, digits with at most
+// one point, and an exponent ("e" and a signed integer) when one was typed;
+// empty when the text has no leading number.
+QString LeadingNumber(const QString& text);
+
 }  // namespace quillon

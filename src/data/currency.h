@@ -14,7 +14,7 @@ public:
     static constexpr Currency FromUnits(std::int64_t units) { return Currency(units); }
     static constexpr Currency FromPounds(std::int64_t pounds) { return Currency(pounds * kScale); }
     // A typed box's figure: the number at the start of the text (see `Val`),
-    // to the nearest ten-thousandth, halves away from zero.
+    // to the nearest ten-thousandth, halves away from zero; 0 beyond 64 bits.
     static Currency FromText(const QString& text);
 
     constexpr std::int64_t Units() const { return units_; }
@@ -44,5 +44,10 @@ QString MoneyText(Currency value);
 // A total's text: as `MoneyText` from -9999999 to 99999999 pounds inclusive,
 // "********" beyond.
 QString MoneyTotalText(Currency value);
+
+// The key filter of a money box holding `text`: a full box (8 characters)
+// takes only a closing bracket, or more after one, and refuses the rest without
+// a beep; otherwise AmountKeyFilter decides.
+void MoneyKeyFilter(const QString& text, int& key);
 
 }  // namespace quillon

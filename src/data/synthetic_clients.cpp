@@ -2,6 +2,7 @@
 // databases of any size whose names and contents are plainly made up, for tests
 // and benchmarks.
 
+#include "data/currency.h"
 #include "data/database_schema.h"
 #include "data/delivered_databases.h"
 #include "data/table_inserter.h"
@@ -79,6 +80,11 @@ private:
 
 QString TwoDigits(int n) {
     return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
+
+// An amount of whole pounds as a money box shows it.
+QString Money(int pounds) {
+    return MoneyText(Currency::FromPounds(pounds));
 }
 
 QString ShortDate(int day, int month, int year) {
@@ -247,8 +253,7 @@ private:
         TableInserter& row = Row(QStringLiteral("Assets"));
         for (int line : {1, 5, 9}) {
             row.Set(QStringLiteral("Date %1").arg(line), DateInTaxYear(2014))
-                .Set(QStringLiteral("Value %1").arg(line),
-                     QString::number(random_.Between(100, 500000)));
+                .Set(QStringLiteral("Value %1").arg(line), Money(random_.Between(100, 500000)));
         }
         row.Set(QStringLiteral("Date 20"), DateInTaxYear(2014));
         if (random_.Chance(20)) {
@@ -259,13 +264,12 @@ private:
     // Asset line 16 with its own description and two lines of detail.
     void WriteAssetDetail(TableInserter& assets) {
         assets.Set(QStringLiteral("Asset 16"), QStringLiteral("Synthetic holdings"))
-            .Set(QStringLiteral("Value 16"), QString::number(random_.Between(1000, 90000)));
+            .Set(QStringLiteral("Value 16"), Money(random_.Between(1000, 90000)));
         TableInserter& detail = Row(QStringLiteral("Asset 16"));
         for (int line = 1; line <= 2; ++line) {
             detail.Set(QStringLiteral("Asset %1").arg(line), QStringLiteral("Holding %1").arg(line))
                 .Set(QStringLiteral("Date %1").arg(line), DateInTaxYear(2014))
-                .Set(QStringLiteral("Value %1").arg(line),
-                     QString::number(random_.Between(500, 45000)));
+                .Set(QStringLiteral("Value %1").arg(line), Money(random_.Between(500, 45000)));
         }
     }
 

@@ -27,14 +27,26 @@ void CommonTexts::Add(int index, QLineEdit* box, const QString& procedure) {
 
 void CommonTexts::Read(const QString& procedure, const RowReader& more) {
     ReadCommonRow({module_, procedure}, row_(), [this, &more](const dao::Recordset& row) {
-        for (auto& [index, entry] : entries_) {
-            entry.image = NullToEmpty(row.Fields(QStringLiteral("Text %1").arg(index)));
-            entry.box->setText(entry.image);
-        }
+        Fill(row);
         if (more) {
             more(row);
         }
     });
+}
+
+void CommonTexts::Fill(const dao::Recordset& row) {
+    for (auto& [index, entry] : entries_) {
+        entry.image = NullToEmpty(row.Fields(QStringLiteral("Text %1").arg(index)));
+        entry.box->setText(entry.image);
+    }
+}
+
+void CommonTexts::FinishTyping() {
+    for (auto& [index, entry] : entries_) {
+        if (entry.box->hasFocus()) {
+            Left(index, entry);
+        }
+    }
 }
 
 bool CommonTexts::eventFilter(QObject* watched, QEvent* event) {

@@ -29,6 +29,11 @@ public:
     // Fills the boxes and their images from the row, then hands the row to
     // `more`; failures are reported as `procedure`.
     void Read(const QString& procedure, const RowReader& more = nullptr);
+    // Fills the boxes and their images from the row `row` stands on.
+    void Fill(const dao::Recordset& row);
+    // Asks about the box that has the focus, as leaving it would: a save by a
+    // button that takes no focus must not pass over a changed description.
+    void FinishTyping();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

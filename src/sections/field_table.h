@@ -16,6 +16,7 @@ enum class FieldRule {
     Digits,     // digits only
     Amount,     // the characters of an amount
     Note,       // several lines
+    Caption,    // a label whose caption the screen changes, at a click; stored as it reads
 };
 
 // One box. `control` is its name; an array element is named "txtAddress(1)".

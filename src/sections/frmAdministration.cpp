@@ -109,7 +109,7 @@ QList<QLineEdit*> frmAdministration::OfficeBoxes() const {
     return boxes;
 }
 
-void frmAdministration::RowRead() {
+void frmAdministration::ReadAlongside() {
     ReadOffice();
 }
 

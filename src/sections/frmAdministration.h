@@ -39,7 +39,7 @@ public:
     void cm3Select_Click();
 
 protected:
-    void RowRead() override;
+    void ReadAlongside() override;
 
 private:
     QList<QLineEdit*> OfficeBoxes() const;

@@ -10,7 +10,8 @@ namespace {
 
 class KeyRoutineFilter : public QObject {
 public:
-    KeyRoutineFilter(QLineEdit* box, KeyRoutine routine) : QObject(box), routine_(routine) {
+    KeyRoutineFilter(QLineEdit* box, KeyRoutine routine)
+        : QObject(box), routine_(std::move(routine)) {
         box->installEventFilter(this);
     }
 
@@ -43,7 +44,7 @@ private:
 }  // namespace
 
 void InstallKeyRoutine(QLineEdit* box, KeyRoutine routine) {
-    new KeyRoutineFilter(box, routine);
+    new KeyRoutineFilter(box, std::move(routine));
 }
 
 }  // namespace quillon

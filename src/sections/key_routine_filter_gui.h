@@ -3,11 +3,13 @@
 // front of a text box: each typed character goes through the routine, which
 // may refuse it with a beep or type another character in its place.
 
+#include <functional>
+
 class QLineEdit;
 
 namespace quillon {
 
-using KeyRoutine = void (*)(int& key);
+using KeyRoutine = std::function<void(int& key)>;
 
 void InstallKeyRoutine(QLineEdit* box, KeyRoutine routine);
 

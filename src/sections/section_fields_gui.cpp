@@ -25,6 +25,11 @@ QString Text(const char* text) {
     return text ? QString::fromLatin1(text) : QString();
 }
 
+// Boxes of fields up to this width are made to their width.
+constexpr int kShortField = 10;
+// What a box needs beside its text: frame and margins.
+constexpr int kBoxPadding = 14;
+
 QGridLayout* CompactGrid(QWidget* parent) {
     auto* grid = new QGridLayout(parent);
     grid->setContentsMargins(4, 4, 4, 4);
@@ -37,6 +42,17 @@ QGridLayout* CompactGrid(QWidget* parent) {
 
 QWidget* SectionScreen::MakeBox(const QString& name, const QString& field, FieldRule rule,
                                 QWidget* parent) {
+    if (rule == FieldRule::Caption) {
+        auto* label = Named<QLabel>(name, parent);
+        label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        label->setAlignment(Qt::AlignCenter);
+        label->setAutoFillBackground(true);
+        label->setBackgroundRole(QPalette::Base);
+        image_.BindText(
+            field, [label] { return label->text(); },
+            [label](const QString& text) { label->setText(text); });
+        return label;
+    }
     if (rule == FieldRule::Note) {
         auto* note = Named<QPlainTextEdit>(name, parent);
         if (!field.isEmpty()) {
@@ -61,6 +77,7 @@ QWidget* SectionScreen::MakeBox(const QString& name, const QString& field, Field
             break;
         case FieldRule::Text:
         case FieldRule::Note:
+        case FieldRule::Caption:
             break;
     }
     return box;
@@ -106,21 +123,31 @@ QGroupBox* SectionScreen::FieldGroup(const QString& title, std::span<const Field
     return group;
 }
 
-QWidget* SectionScreen::FieldGrid(std::span<const GridColumn> columns, int first, int last) {
-    auto* panel = new QWidget(body_);
-    QGridLayout* grid = CompactGrid(panel);
-    for (int c = 0; c < static_cast<int>(columns.size()); ++c) {
-        grid->addWidget(new QLabel(Text(columns[c].head), panel), 0, c);
+QWidget* SectionScreen::FieldGrid(std::span<const GridColumn> columns, int first, int last,
+                                  QWidget* continued) {
+    QWidget* panel = continued ? continued : new QWidget(body_);
+    QGridLayout* grid =
+        continued ? static_cast<QGridLayout*>(continued->layout()) : CompactGrid(panel);
+    int top = 1;
+    if (continued) {
+        // The last row of a grid is the empty one that takes up what room is
+        // left; the new rows take its place.
+        top = grid->rowCount() - 1;
+        grid->setRowStretch(top, 0);
+    } else {
+        for (int c = 0; c < static_cast<int>(columns.size()); ++c) {
+            grid->addWidget(new QLabel(Text(columns[c].head), panel), 0, c);
+        }
     }
     for (int i = first; i <= last; ++i) {
         for (int c = 0; c < static_cast<int>(columns.size()); ++c) {
             const GridColumn& column = columns[c];
             const QString name = Text(column.control) + QStringLiteral("(%1)").arg(i);
             const QString field = column.field ? Text(column.field).arg(i) : QString();
-            grid->addWidget(MakeBox(name, field, column.rule, panel), i - first + 1, c);
+            grid->addWidget(MakeBox(name, field, column.rule, panel), top + i - first, c);
         }
     }
-    grid->setRowStretch(last - first + 2, 1);
+    grid->setRowStretch(top + last - first + 1, 1);
     return panel;
 }
 
@@ -173,16 +200,53 @@ QWidget* SectionScreen::PageControls(const char* spin, const char* label) {
     return panel;
 }
 
-void SectionScreen::Arrange(std::initializer_list<std::initializer_list<QWidget*>> columns) {
+void SectionScreen::FitShortBoxes(QWidget* container) {
+    for (QLineEdit* box : container->findChildren<QLineEdit*>()) {
+        if (box->maxLength() <= kShortField) {
+            const int room = box->fontMetrics().horizontalAdvance(QString(box->maxLength(), u'0'));
+            box->setFixedWidth(room + kBoxPadding);
+        }
+    }
+}
+
+void SectionScreen::TightenRows(QWidget* grid) {
+    QFont font = grid->font();
+    const double line = QFontMetricsF(font).height();
+    if (line > kDesignLineHeight) {
+        font.setPointSizeF(font.pointSizeF() * kDesignLineHeight / line);
+        grid->setFont(font);
+    }
+    auto* layout = static_cast<QGridLayout*>(grid->layout());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setVerticalSpacing(1);
+    // Boxes without their frame, a line apart: white cells ruled by the
+    // background, as a statement is.
+    // One pixel over the line keeps the text whole inside a box with no frame.
+    const int height = grid->fontMetrics().height() + 1;
+    for (QLineEdit* box : grid->findChildren<QLineEdit*>()) {
+        box->setFrame(false);
+        box->setFixedHeight(height);
+    }
+    for (QLabel* cell : grid->findChildren<QLabel*>()) {
+        if (cell->frameShape() != QFrame::NoFrame) {
+            cell->setFrameShape(QFrame::NoFrame);
+            cell->setFixedHeight(height);
+        }
+    }
+}
+
+void SectionScreen::Arrange(std::initializer_list<std::initializer_list<QWidget*>> columns,
+                            std::initializer_list<int> stretch) {
     auto* row = new QHBoxLayout(body_);
     row->setContentsMargins(0, 0, 0, 0);
+    const int* factor = stretch.begin();
     for (const auto& widgets : columns) {
         auto* column = new QVBoxLayout;
         for (QWidget* widget : widgets) {
             column->addWidget(widget);
         }
         column->addStretch(1);
-        row->addLayout(column, 1);
+        row->addLayout(column, factor != stretch.end() ? *factor++ : 1);
     }
 }
 

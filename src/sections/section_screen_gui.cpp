@@ -30,11 +30,10 @@ namespace quillon {
 namespace {
 
 // Every section screen opens at this size, given in twips for the font the
-// screens were first laid out in, whose line is 13 pixels at 96 dpi; a larger
-// font enlarges it in proportion, so that the boxes still fit.
+// screens were first laid out in (kDesignLineHeight); a larger font enlarges
+// it in proportion, so that the boxes still fit.
 constexpr int kScreenWidth = 9480;
 constexpr int kScreenHeight = 5430;
-constexpr double kDesignLineHeight = 13.0;
 
 QSize ScreenSize(const QWidget* screen) {
     const double scale = std::max(1.0, screen->fontMetrics().height() / kDesignLineHeight);
@@ -72,11 +71,11 @@ void SectionScreen::BuildFrame() {
     body_ = new QWidget;
     // Should a large font need more room than the screen's size, the boxes
     // scroll rather than squeeze.
-    auto* scroller = new QScrollArea(this);
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setFocusPolicy(Qt::NoFocus);
-    scroller->setWidgetResizable(true);
-    scroller->setWidget(body_);
+    scroller_ = new QScrollArea(this);
+    scroller_->setFrameShape(QFrame::NoFrame);
+    scroller_->setFocusPolicy(Qt::NoFocus);
+    scroller_->setWidgetResizable(true);
+    scroller_->setWidget(body_);
     picRecord = Named<QWidget>(QStringLiteral("picRecord"), this);
     cm3First = MoveButton("cm3First", QStyle::SP_MediaSkipBackward, tr("First"), picRecord);
     cm3Previous =
@@ -89,20 +88,31 @@ void SectionScreen::BuildFrame() {
         moves->addWidget(button);
     }
     cm3Help = Named<QPushButton>(QStringLiteral("cm3Help"), tr("Help"), this);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(picRecord);
-    bottom->addStretch(1);
-    bottom->addWidget(cm3Help);
+    bottom_ = new QHBoxLayout;
+    bottom_->addWidget(picRecord);
+    bottom_->addStretch(1);
+    bottom_->addWidget(cm3Help);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(scroller, 1);
-    layout->addLayout(bottom);
+    layout->addWidget(scroller_, 1);
+    layout->addLayout(bottom_);
 
     connect(cm3First, &QPushButton::clicked, this, [this] { MoveRecord(QStringLiteral("First")); });
     connect(cm3Previous, &QPushButton::clicked, this,
             [this] { MoveRecord(QStringLiteral("Previous")); });
     connect(cm3Next, &QPushButton::clicked, this, [this] { MoveRecord(QStringLiteral("Next")); });
     connect(cm3Last, &QPushButton::clicked, this, [this] { MoveRecord(QStringLiteral("Last")); });
+}
+
+void SectionScreen::AddCommand(QWidget* widget) {
+    bottom_->insertWidget(bottom_->indexOf(cm3Help), widget);
+}
+
+// The child window first takes this size, before it is given the screens'
+// one: a scroll bar weighed at the boxes' own smaller size would stay after it
+// was no longer needed.
+QSize SectionScreen::sizeHint() const {
+    return ScreenSize(this);
 }
 
 QLineEdit* SectionScreen::Box(const QString& name) const {
@@ -146,18 +156,21 @@ void SectionScreen::Form_Resize() {
 void SectionScreen::ReadCRecord() {
     *row_.shownFirst = CurrentFirst;
     *row_.shownLast = CurrentLast;
-    ReadClientRow(RoutineOf(QStringLiteral("ReadCRecord")), TableName(), Shown(),
-                  [this](const dao::Recordset& row) {
-                      image_.Fill(row);
-                      setWindowTitle(Caption());
-                  });
-    RowRead();
+    ReadClientRow(
+        RoutineOf(QStringLiteral("ReadCRecord")), TableName(), Shown(),
+        [this](const dao::Recordset& row) {
+            image_.Fill(row);
+            setWindowTitle(Caption());
+        },
+        commonAlongside_);
+    ReadAlongside();
 }
 
 void SectionScreen::WriteCRecord() {
     if (Loading) {
         return;
     }
+    BeforeWrite();
     // Edit and Update even when nothing differs: the row is touched as every
     // save always has.
     ChangeClientRow(RoutineOf(QStringLiteral("WriteCRecord")), TableName(), Shown(),

@@ -27,12 +27,18 @@
 
 class QCheckBox;
 class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QMdiSubWindow;
 class QPushButton;
+class QScrollArea;
 class QSpinBox;
 
 namespace quillon {
+
+// The line of the font the section screens were first laid out in, in
+// pixels at 96 dpi.
+inline constexpr double kDesignLineHeight = 13.0;
 
 // Whether a FocusIn or FocusOut is the user's own move between controls, and
 // not a message box, a menu or another program taking the focus for a while.
@@ -99,16 +105,31 @@ protected:
     // returns, binds them to their fields and lists its checked boxes, in the
     // order of the rows; the screen places the groups.
     QGroupBox* FieldGroup(const QString& title, std::span<const FieldRow> rows);
-    QWidget* FieldGrid(std::span<const GridColumn> columns, int first, int last);
+    // Given the grid of an earlier call as `continued`, the rows go on below
+    // its own, in the same columns and under the same heads.
+    QWidget* FieldGrid(std::span<const GridColumn> columns, int first, int last,
+                       QWidget* continued = nullptr);
     QGroupBox* OptionGroupBox(const OptionField& options);
+    // One box, made and bound as the tables make theirs, for a screen to place.
+    QWidget* MakeBox(const QString& name, const QString& field, FieldRule rule, QWidget* parent);
     // A check box of a Boolean field that is read with the row but written at
     // once at its click, reported as `procedure`.
     QCheckBox* FlagBox(const char* control, const char* caption, const char* field,
                        const char* procedure);
     // The spin button and the "PAGE n" label of a paged screen.
     QWidget* PageControls(const char* spin, const char* label);
-    // Lays the groups out in columns, left to right, each top to bottom.
-    void Arrange(std::initializer_list<std::initializer_list<QWidget*>> columns);
+    // Lays the groups out in columns, left to right, each top to bottom. The
+    // room over is shared by `stretch`, a factor a column; equally without.
+    void Arrange(std::initializer_list<std::initializer_list<QWidget*>> columns,
+                 std::initializer_list<int> stretch = {});
+    // Puts `widget` on the bottom line, beside the move buttons and Help.
+    void AddCommand(QWidget* widget);
+    // Makes each box of a date, a year or a figure under `container` as wide
+    // as what it holds, no wider, so that the room goes to the longer texts.
+    void FitShortBoxes(QWidget* container);
+    // Sets the rows of a grid as close as the screens were first laid out, in
+    // their font, so that a list of twenty lines fits the screen's height.
+    void TightenRows(QWidget* grid);
 
     // A check of its own, after the date boxes: `valid` tells whether it
     // passes, `tell` beeps and shows its message, and the focus goes back to
@@ -120,13 +141,21 @@ protected:
     virtual QString CaptionDetail() const { return QString(); }
     // Reads beyond the row, after ReadCRecord at activation.
     virtual void ReadMore() {}
-    // After every ReadCRecord, at activation and after a move alike.
-    virtual void RowRead() {}
+    // What goes with every read of the row, found or not: figures computed
+    // from it.
+    virtual void ReadAlongside() {}
+    // A row of `Common` that every read of the row also reads, found or not,
+    // through the same opening of the file.
+    void ReadCommonAlongside(CommonAlongside common) { commonAlongside_ = std::move(common); }
+    // Before a save compares the boxes: finishes what the user is typing, as
+    // leaving its box would, for the move buttons take no focus.
+    virtual void BeforeWrite() {}
     // Around a page change: before the page left is saved, and after the new
     // page is read.
     virtual void PageLeaving() {}
     virtual void PageEntered() {}
 
+    QSize sizeHint() const override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -139,7 +168,6 @@ private:
     };
 
     void BuildFrame();
-    QWidget* MakeBox(const QString& name, const QString& field, FieldRule rule, QWidget* parent);
     void AddDateBox(QLineEdit* box, FieldRule rule);
     void ShowPage();
     void AttachToChildWindow();
@@ -152,7 +180,10 @@ private:
     const SectionRow& row_;
     QString name_;
     RecordImage image_;
+    CommonAlongside commonAlongside_;
+    QScrollArea* scroller_ = nullptr;
     QWidget* body_ = nullptr;
+    QHBoxLayout* bottom_ = nullptr;
     std::vector<Check> checks_;
     // Boxes whose leaving runs a check: the date box itself, or all checks.
     std::vector<std::pair<QLineEdit*, int>> checkedOnLeaving_;  // -1: all

@@ -99,6 +99,20 @@ private Q_SLOTS:
             sum += Currency::FromText("0.1");
         QCOMPARE(sum, Currency::FromPounds(10000));
     }
+    // Read from the figures, not through a binary fraction: 1.00005 is a half.
+    void moneyIsReadFromTheFiguresAsTyped() {
+        const struct {
+            const char* text;
+            qint64 units;
+        } rows[] = {{"1.00005", 10001},  {"-1.00005", -10001},
+                    {"0.00004", 0},      {"5e-10", 0},
+                    {"1.5E3", 15000000}, {" 12 34.5x", 12345000},
+                    {"007.25", 72500},   {"(3)", 0},
+                    {"1e30", 0},         {"99999999999999", 999999999999990000}};
+        for (const auto& row : rows) {
+            QVERIFY2(Currency::FromText(row.text).Units() == row.units, row.text);
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(TestConvert)

@@ -2,6 +2,7 @@
 // activated, saving only what differs when left, the date check on every way
 // out, moves, the shown client, one size and place, and other users of the
 // same file.
+#include "data/delivered_databases.h"
 #include "platform/dao.h"
 #include "sections/section_screen_gui.h"
 #include "shell/forms_gui.h"
@@ -11,6 +12,7 @@
 #include "support/section_testing.h"
 #include "support/shell_testing.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -38,9 +40,11 @@ struct Screen {
     const char* message;
 };
 
+const char* const kShort = "Invalid date - you must enter dates in the format dd/mm/yy";
+
 const Screen kScreens[] = {
     {"personal", "cm3Personal", "Personal", "txtCalled", "Called", "Title", "Ada Lovell (Personal)",
-     "txtChildDOB(1)", "31/02/99", "Invalid date - you must enter dates in the format dd/mm/yy"},
+     "txtChildDOB(1)", "31/02/99", kShort},
     {"personal, birth date", "mnuPersonal", "Personal", "txtFullName", "Full Name", "Mobile",
      "Ada Lovell (Personal)", "txtSpouseDOB", "1/1/1",
      "Invalid date - you must enter dates in the format dd/mm/yyyy"},
@@ -48,7 +52,19 @@ const Screen kScreens[] = {
      "", ""},
     {"diary", "cm3Diary", "Diary 1", "txtDCEvent(2)", "Client Event 2", "Client Date 3",
      "Ada Lovell (2012-13 Diary)", "", "", ""},
+    {"employment", "cm3Employment", "Employment 1", "txtEYear(8)", "Tax Year 8", "NRE 8",
+     "Ada Lovell (Employment 1)", "txtEFinish", "1/13/99", kShort},
+    {"business", "mnuBusiness", "Business 1", "txtBName", "Business Name", "Description",
+     "Ada Lovell (Business 1)", "txtCommencement", "1.1.1", kShort},
+    {"assets", "cm3Assets", "Assets", "txtANote(19)", "Note 19", "Note 18", "Ada Lovell (Assets)",
+     "txtADate(20)", "29/2/01", kShort},
+    {"contributions", "cm3Contributions", "Contributions", "txtCAmount(20)", "Amount 20",
+     "Provider 20", "Ada Lovell (Pension Contributions)", "txtCDate(20)", "1/1/2001", kShort},
 };
+
+// The first client of the synthetic file with an employment, a business,
+// assets and a pension contribution.
+const ClientName kFilled{QStringLiteral("Jack 375"), QStringLiteral("Fairbairn")};
 
 QMdiSubWindow* FrameOf(QWidget* form) {
     return qobject_cast<QMdiSubWindow*>(ChildWindow(form));
@@ -334,6 +350,51 @@ private Q_SLOTS:
         services.messages.Answer(vbOK);
         QVERIFY(UnloadForm(open.screen->objectName()));
         QCOMPARE(services.messages.Count(), 2);
+    }
+
+    // Whichever section is opened from the main window, the one left is saved.
+    void openingAnotherSectionSavesTheOneLeft() {
+        ScriptedServices services;
+        SectionWorld world({kAda});
+        for (const Screen& left : kScreens) {
+            for (const Screen& next : kScreens) {
+                if (QLatin1String(left.table) == QLatin1String(next.table)) {
+                    continue;
+                }
+                const QString text = QString::fromLatin1(next.name).left(7);
+                TypeInto(OpenSection(left.command)->Box(left.box), text);
+                QVERIFY(OpenSection(next.command));
+                QVERIFY2(FieldOf(left.table, kAda, left.field).toString() == text, next.name);
+            }
+        }
+    }
+
+    // The pictures in docs/screenshots, of a made-up client with all four filled in.
+    void screensAreRenderedIntoTheDocumentation_data() {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("file");
+        const char* shots[][2] = {{"cm3Employment", "employment-section"},
+                                  {"cm3Business", "business-section"},
+                                  {"cm3Assets", "assets-section"},
+                                  {"cm3Contributions", "contributions-section"}};
+        for (const auto& [command, file] : shots) {
+            QTest::newRow(file) << command << file;
+        }
+    }
+    void screensAreRenderedIntoTheDocumentation() {
+        QFETCH(QString, command);
+        QFETCH(QString, file);
+        ScriptedServices services;
+        SectionWorld world({kAda});
+        QVERIFY(QFile::remove(world.DatabasePath()));
+        MakeSyntheticClientDatabase(world.DatabasePath(), 400);
+        QVERIFY(!FieldOf(u"Contributions"_qs, kFilled, u"Provider 1"_qs).isNull());
+        CurrentFirst = kFilled.first;
+        CurrentLast = kFilled.last;
+        SectionScreen* screen = OpenSection(command);
+        QVERIFY(QTest::qWaitForWindowExposed(screen));
+        const QString folder = QStringLiteral(QUILLON_TEST_DATA_DIR "/../../docs/screenshots/");
+        QVERIFY(ChildWindow(screen)->grab().save(folder + file + QStringLiteral(".png")));
     }
 
     // Every section screen opens at the one size, where the last one stood.

@@ -150,12 +150,7 @@ private:
 };
 
 // The forms of screens still to be built: their commands do nothing yet.
-const QStringList kFormsToCome = {
-    "frmAssets",
-    "frmBusiness",
-    "frmContributions",
-    "frmEmployment",
-};
+const QStringList kFormsToCome = {};
 QStringList unregisteredForms;
 
 void registerStandIn(const QString& name) {

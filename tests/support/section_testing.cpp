@@ -19,7 +19,9 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QRadioButton>
+#include <QTimer>
 #include <QtTest>
 
 namespace quillon::testing {
@@ -154,6 +156,21 @@ SectionScreen* OpenSection(const QString& command) {
 frmPersonal* OpenPersonal() {
     Trigger(QStringLiteral("cm3Personal"));
     return LoadedForm<frmPersonal>();
+}
+
+void WithModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use) {
+    bool reached = false;
+    QTimer::singleShot(0, [&] {
+        QPointer<QWidget> modal = QApplication::activeModalWidget();
+        if ((reached = modal)) {
+            use(modal);
+        }
+        if (modal && modal->isVisible()) {
+            modal->close();
+        }
+    });
+    open();
+    QVERIFY(reached);
 }
 
 void Click(QWidget* widget) {

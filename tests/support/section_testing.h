@@ -10,6 +10,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
+
 class QLineEdit;
 class QWidget;
 
@@ -67,6 +69,9 @@ frmPersonal* OpenPersonal();
 // A click with the mouse, as a user makes it, at the middle of `widget`, or
 // on the box of a tick or option.
 void Click(QWidget* widget);
+
+// Runs `open`, which shows a modal window, and hands it to `use`; then closes it.
+void WithModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use);
 
 // Gives `box` the focus, replaces its text as typed, and leaves it with Tab.
 void TypeInto(QLineEdit* box, const QString& text);
