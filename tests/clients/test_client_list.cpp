@@ -6,7 +6,6 @@
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
-#include "shell/twips.h"
 #include "shell/variables.h"
 #include "support/client_slot.h"
 #include "support/print_fakes.h"
@@ -20,6 +19,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QtTest>
 
@@ -260,6 +260,9 @@ private Q_SLOTS:
         ProgramFolderCopy folder;
         ScriptedServices services;
         SetDefaults();
+        ApplicationMaximised = false;
+        ApplicationWidth = 9000;
+        ApplicationHeight = 7500;
         ClientSlot slot({kAnn, kBob});
         auto* main = LoadForm<frmQuillon>();
         main->show();
@@ -269,9 +272,10 @@ private Q_SLOTS:
         QVERIFY(list);
         auto* frame = qobject_cast<QMdiSubWindow*>(list->parentWidget());
         QVERIFY(frame && frame->isVisible());
-        const int width = TwipsToPixels(frmClients::kWidthTwips);
-        QCOMPARE(frame->width(), width);
-        QCOMPARE(frame->x(), 0);
+        const int width = 451;  // 6765 twips
+        QCOMPARE(frame->geometry(),
+                 QRect(0, 0, width,
+                       500 - 60 - main->pnlToolBar->height() - main->sbStatusBar->height()));
         frame->resize(width + 120, frame->height() + 40);
         QCOMPARE(frame->width(), width);
 
@@ -282,6 +286,7 @@ private Q_SLOTS:
         main->Command("cm3Clients")->trigger();
         QCoreApplication::processEvents();  // the list's activation goes first
         QVERIFY(list->tmrRefresh->isActive());
+        QCOMPARE(list->tmrRefresh->interval(), 100);
         list->tmrRefresh_Timer();
         QCoreApplication::processEvents();
         QCOMPARE(list->pnlCount->text(), "2 clients");
