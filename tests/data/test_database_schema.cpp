@@ -5,7 +5,6 @@
 #include "support/shell_testing.h"
 #include "support/sqlite_probe.h"
 
-#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -49,29 +48,6 @@ private Q_SLOTS:
         }
         QCOMPARE(ClientTableNames().size(), 22);
         QCOMPARE(lines, testing::ReferenceLines("database-layouts.txt", lines));
-    }
-
-    void fieldNamesAndWidthsSuitTheEngine() {
-        // Field names are matched without regard to case by the engine, and a text
-        // field holds at most 255 characters.
-        for (const dao::TableDef& table : AllTables()) {
-            QSet<QString> seen;
-            for (const dao::FieldDef& field : table.fields) {
-                const QString where = table.name + QLatin1Char('.') + field.name;
-                QVERIFY2(!seen.contains(field.name.toLower()), qPrintable(where));
-                seen.insert(field.name.toLower());
-                QVERIFY2(field.name == field.name.simplified(), qPrintable(where));
-                if (field.type == dao::dbText) {
-                    QVERIFY2(field.size >= 1 && field.size <= 255, qPrintable(where));
-                }
-            }
-            for (const dao::IndexDef& index : table.indexes) {
-                for (const QString& key : index.fields) {
-                    QVERIFY2(FindField(table, key),
-                             qPrintable(table.name + QLatin1Char('|') + key));
-                }
-            }
-        }
     }
 
     // Each kind of file made from its layout reads back as that layout.

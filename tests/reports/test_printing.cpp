@@ -442,25 +442,6 @@ private Q_SLOTS:
             QStringLiteral("Printer: Office Laser\n\nError 482: Paper jam")));
     }
 
-    // Page 1 is tested first: a one-page document keeps Next and Last enabled.
-    void navigationFollowsThePage() {
-        MakeDocument(3);
-        frmVSPrint preview;
-        preview.UpdateNavigation();
-        QCOMPARE(Navigation(preview), QStringLiteral("1 of 3 --++"));
-        preview.cmdNext->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("2 of 3 ++++"));
-        preview.cmdLast->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("3 of 3 ++--"));
-        preview.cmdPrevious->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("2 of 3 ++++"));
-        preview.cmdFirst->click();
-        QCOMPARE(VSDocumentControl().PreviewPage, 1);
-        MakeDocument(1);
-        preview.UpdateNavigation();
-        QCOMPARE(Navigation(preview), QStringLiteral("1 of 1 --++"));
-    }
-
     // The page is painted at the zoom: at 100 % a black square lands where its
     // millimetres say on a sheet of the screen's size.
     void pagesArePaintedAtTheZoom() {
@@ -500,20 +481,34 @@ private Q_SLOTS:
     }
 
     // The preview opens at 75 % of the page width, in the page order last used,
-    // no smaller than its floor and within the screen; it keeps its place, size
-    // and order when it closes.
-    void previewOpensAndClosesAsLastLeft() {
-        MakeDocument(1);
+    // no smaller than its floor and within the screen; its buttons follow the
+    // page, page 1 being tested first, so that a one-page document keeps Next
+    // and Last enabled; it keeps its place, size and order when it closes.
+    void previewOpensNavigatesAndCloses() {
+        MakeDocument(3);
         std::tie(VSPreviewWidth, VSPreviewHeight, VSPreviewLeft, VSPreviewTop) =
             std::tuple(100, 100, -3000, 150);
         ReportReverse = true;
         frmVSPrint preview;
-        QCOMPARE(preview.windowTitle(), QStringLiteral("Print Preview"));
+        QCOMPARE(preview.windowTitle(), "Print Preview");
         QCOMPARE(preview.cmbPercent->currentText() + preview.cmbZoomMode->currentText() +
                      preview.cmbPrint->currentText(),
-                 QStringLiteral("75%PageWidthReverse"));
+                 "75%PageWidthReverse");
         QVERIFY(!preview.cmbPercent->isEnabled());
         QCOMPARE(VSDocumentControl().ZoomMode, int(zmPageWidth));
+        preview.UpdateNavigation();
+        QCOMPARE(Navigation(preview), "1 of 3 --++");
+        preview.cmdNext->click();
+        QCOMPARE(Navigation(preview), "2 of 3 ++++");
+        preview.cmdLast->click();
+        QCOMPARE(Navigation(preview), "3 of 3 ++--");
+        preview.cmdPrevious->click();
+        QCOMPARE(Navigation(preview), "2 of 3 ++++");
+        preview.cmdFirst->click();
+        QCOMPARE(VSDocumentControl().PreviewPage, 1);
+        MakeDocument(1);
+        preview.UpdateNavigation();
+        QCOMPARE(Navigation(preview), "1 of 1 --++");
         preview.show();
         preview.cmbPrint->setCurrentIndex(0);
         preview.cmdClose->click();
