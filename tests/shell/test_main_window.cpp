@@ -452,8 +452,16 @@ private Q_SLOTS:
         QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
     }
 
+    // The Folder Manager and the Report Settings open modally from the menu,
+    // and Cancel changes nothing; OK keeps the selected folder and cleans paths.
     void folderManagerKeepsTheSelectedFolderAndCleansPaths() {
         auto* main = LoadForm<frmQuillon>();
+        folder_->WriteConfig("untouched");
+        clickInModal("cmdCancel", [main] { main->Command("mnuManager")->trigger(); });
+        FlushUnloadedForms();
+        QVERIFY(!LoadedForm("frmFolderManager"));
+        QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
+        clickInModal("cmdClose", [main] { main->Command("mnuSettingsReports")->trigger(); });
         auto* manager = LoadForm<frmFolderManager>();
         QCOMPARE(manager->windowTitle(), QStringLiteral("Folder Manager"));
         QCOMPARE(manager->txtPath[1]->text(), folder_->Path());
@@ -473,18 +481,6 @@ private Q_SLOTS:
         QCOMPARE(main->windowTitle(), QStringLiteral("Quillon - Main Office"));
         QCOMPARE(FileMenu(main), "[Main Office], Archive");
         QVERIFY(folder_->ConfigText().contains("\r\nPATH 2=/srv/archive\r\n"));
-    }
-
-    // The Folder Manager and the Report Settings open modally from the menu;
-    // Cancel changes nothing.
-    void dialogsOpenModallyFromTheMenu() {
-        auto* main = LoadForm<frmQuillon>();
-        folder_->WriteConfig("untouched");
-        clickInModal("cmdCancel", [main] { main->Command("mnuManager")->trigger(); });
-        FlushUnloadedForms();
-        QVERIFY(!LoadedForm("frmFolderManager"));
-        QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
-        clickInModal("cmdClose", [main] { main->Command("mnuSettingsReports")->trigger(); });
     }
 
     void aboutBoxTellsTheVersionAndFindsNoSystemInformation() {
