@@ -36,7 +36,7 @@ private Q_SLOTS:
                             .arg(value, 0, 'f', 2)
                             .arg(FormatAmount(value));
         }
-        for (const QString& text : {"", "123", "(123)", "12345678", "123456789", "1234567890"}) {
+        for (const QString text : {"", "123", "(123)", "12345678", "123456789", "1234567890"}) {
             outcomes << QStringLiteral("RightAlign \"%1\": \"%2\" \"%3\"")
                             .arg(text, RightAlign8(text), RightAlign9(text));
         }
