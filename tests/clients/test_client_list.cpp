@@ -6,7 +6,6 @@
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
-#include "shell/twips.h"
 #include "shell/variables.h"
 #include "support/client_slot.h"
 #include "support/print_fakes.h"
@@ -20,6 +19,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QtTest>
 
@@ -28,11 +28,11 @@ using namespace quillon::testing;
 
 namespace {
 
-const Client kAnn{QStringLiteral("Smith"), QStringLiteral("Ann")};
-const Client kBob{QStringLiteral("Jones"), QStringLiteral("Bob")};
-const Client kVere{QStringLiteral("de Vere"), QStringLiteral("Edward")};
-const Client kNumbered{QStringLiteral("3D Ltd"), QStringLiteral("Director")};
-const Client kJunior{QStringLiteral("Smith, Jr"), QStringLiteral("Al")};
+const Client kAnn{"Smith", "Ann"};
+const Client kBob{"Jones", "Bob"};
+const Client kVere{"de Vere", "Edward"};
+const Client kNumbered{"3D Ltd", "Director"};
+const Client kJunior{"Smith, Jr", "Al"};
 
 QStringList listTexts(const frmClients* list) {
     QStringList texts;
@@ -52,6 +52,16 @@ void clickEntry(frmClients* list, const QString& text) {
     QVERIFY(!found.isEmpty());
     const QRect place = list->lstClients->visualItemRect(found.first());
     QTest::mouseClick(list->lstClients->viewport(), Qt::LeftButton, {}, place.center());
+}
+
+// "+" or "-" for Select, Rename, Delete and New enabled.
+QString commands(const frmClients* list) {
+    QString state;
+    for (const QPushButton* button :
+         {list->cm3Select, list->cm3Rename, list->cm3Delete, list->cm3New}) {
+        state += button->isEnabled() ? '+' : '-';
+    }
+    return state;
 }
 
 Client current() {
@@ -77,7 +87,7 @@ private Q_SLOTS:
     void initTestCase() { PrepareShellTests(); }
     void cleanup() {
         UnloadAllForms();
-        UnloadForm(QStringLiteral("frmPersonal"));
+        UnloadForm("frmPersonal");
         CloseMainWindow();
         SetDefaultPointer();
         ActiveSection = 0;
@@ -87,51 +97,41 @@ private Q_SLOTS:
         ScriptedServices services;
         ClientSlot slot({kAnn, kVere, kBob, kNumbered, kJunior});
         auto* list = openList();
-        QCOMPARE(listTexts(list),
-                 (QStringList{QStringLiteral("3D Ltd, Director"), QStringLiteral("de Vere, Edward"),
-                              QStringLiteral("Jones, Bob"), QStringLiteral("Smith, Ann"),
-                              QStringLiteral("Smith, Jr, Al")}));
-        QCOMPARE(list->pnlCount->text(), QStringLiteral("5 clients"));
-        QVERIFY(!list->cm3Select->isEnabled());
-        QVERIFY(!list->cm3Rename->isEnabled());
-        QVERIFY(!list->cm3Delete->isEnabled());
-        QVERIFY(list->cm3New->isEnabled());
+        QCOMPARE(listTexts(list), (QStringList{"3D Ltd, Director", "de Vere, Edward", "Jones, Bob",
+                                               "Smith, Ann", "Smith, Jr, Al"}));
+        QCOMPARE(list->pnlCount->text(), "5 clients");
+        QCOMPARE(commands(list), "---+");
         QVERIFY(!HourglassShown());
     }
 
-    void countSaysClientsForAnyNumber_data() {
-        QTest::addColumn<int>("count");
-        QTest::newRow("one") << 1;
-        QTest::newRow("three hundred") << 300;
-    }
     void countSaysClientsForAnyNumber() {
-        QFETCH(int, count);
-        QList<Client> clients;
-        for (int i = 0; i < count; ++i) {
-            clients << Client{QStringLiteral("Client %1").arg(i), QStringLiteral("Test")};
+        for (const int count : {1, 300}) {
+            QList<Client> clients;
+            for (int i = 0; i < count; ++i) {
+                clients << Client{QStringLiteral("Client %1").arg(i), "Test"};
+            }
+            ScriptedServices services;
+            ClientSlot slot(clients);
+            QCOMPARE(openList()->pnlCount->text(), QString::number(count) + " clients");
+            UnloadAllForms();
         }
-        ScriptedServices services;
-        ClientSlot slot(clients);
-        QCOMPARE(openList()->pnlCount->text(), QString::number(count) + QStringLiteral(" clients"));
     }
 
     void anEmptyDatabaseIsReportedByTheLoad() {
         ScriptedServices services;
         ClientSlot slot({});
-        CurrentFirst = QStringLiteral("Ann");
-        CurrentLast = QStringLiteral("Smith");
+        CurrentFirst = "Ann";
+        CurrentLast = "Smith";
         services.messages.Answer(vbOK);
         auto* list = openList();
         const ShownMessage shown = services.messages.Last();
-        QVERIFY(shown.prompt.startsWith(
-            QStringLiteral("Module: frmClients\nProcedure: Form_Load\nError 3021: ")));
-        QCOMPARE(shown.title, QStringLiteral("Ann Smith"));
+        QVERIFY(shown.prompt.startsWith("Module: frmClients\nProcedure: Form_Load\nError 3021: "));
+        QCOMPARE(shown.title, "Ann Smith");
         QCOMPARE(list->lstClients->count(), 0);
         // A letter on the empty list tells that nothing begins with it.
         services.messages.Answer(vbOK);
-        Button(list, QStringLiteral("cm3Seek(0)"))->click();
-        QCOMPARE(services.messages.Last().prompt,
-                 QStringLiteral("No client name beginning with A"));
+        Button(list, "cm3Seek(0)")->click();
+        QCOMPARE(services.messages.Last().prompt, "No client name beginning with A");
     }
 
     void aClickMakesTheClientCurrent() {
@@ -140,13 +140,11 @@ private Q_SLOTS:
         auto* list = openList();
         EmploymentPage = 3;
         BusinessPage = 2;
-        clickEntry(list, QStringLiteral("Smith, Jr, Al"));
+        clickEntry(list, "Smith, Jr, Al");
         QCOMPARE(current(), kJunior);
         QCOMPARE(EmploymentPage, quint8(1));
         QCOMPARE(BusinessPage, quint8(1));
-        QVERIFY(list->cm3Select->isEnabled());
-        QVERIFY(list->cm3Rename->isEnabled());
-        QVERIFY(list->cm3Delete->isEnabled());
+        QCOMPARE(commands(list), "++++");
         QVERIFY(!HourglassShown());
 
         // Activation clears the highlight and keeps the client.
@@ -160,79 +158,78 @@ private Q_SLOTS:
         ClientSlot slot({kAnn, kBob, kVere, kNumbered});
         auto* list = openList();
         // A name in small letters is found by its capital.
-        Button(list, QStringLiteral("cm3Seek(3)"))->click();
-        QCOMPARE(selectedText(list), QStringLiteral("de Vere, Edward"));
+        Button(list, "cm3Seek(3)")->click();
+        QCOMPARE(selectedText(list), "de Vere, Edward");
         QCOMPARE(current(), kVere);
         QVERIFY(list->cm3Delete->isEnabled());
-        Button(list, QStringLiteral("cm3Seek(9)"))->click();
+        Button(list, "cm3Seek(9)")->click();
         QCOMPARE(current(), kBob);
 
         // A failed seek leaves the last client current.
         services.messages.Answer(vbOK);
-        Button(list, QStringLiteral("cm3Seek(16)"))->click();
-        QCOMPARE(services.messages.Last().prompt,
-                 QStringLiteral("No client name beginning with Q"));
+        Button(list, "cm3Seek(16)")->click();
+        QCOMPARE(services.messages.Last().prompt, "No client name beginning with Q");
         QCOMPARE(services.messages.Last().style, int(vbExclamation));
-        QCOMPARE(selectedText(list), QStringLiteral("Smith, Ann"));
+        QCOMPARE(selectedText(list), "Smith, Ann");
         QCOMPARE(current(), kAnn);
         // Names beginning with a digit have no letter: only the list finds them.
         QCOMPARE(list->findChildren<QPushButton*>(QRegularExpression(u"^cm3Seek"_qs)).size(), 26);
-        QCOMPARE(list->cm3Seek[25]->text(), QStringLiteral("Z"));
+        QCOMPARE(list->cm3Seek[25]->text(), "Z");
     }
 
     void refreshSelectsTheCurrentClientIfItIsStillThere() {
         ScriptedServices services;
         ClientSlot slot({kAnn, kBob});
         auto* list = openList();
-        clickEntry(list, QStringLiteral("Smith, Ann"));
-        slot.RemoveRow(QStringLiteral("Clients"), kAnn);
+        clickEntry(list, "Smith, Ann");
+        slot.RemoveRow("Clients", kAnn);
         list->tmrRefresh->start(100);
         list->tmrRefresh_Timer();
         QVERIFY(!list->tmrRefresh->isActive());
-        QCOMPARE(listTexts(list), QStringList{QStringLiteral("Jones, Bob")});
+        QCOMPARE(listTexts(list), QStringList{"Jones, Bob"});
         QCOMPARE(selectedText(list), QString());
         QVERIFY(list->cm3Select->isEnabled());
-        QCOMPARE(list->pnlCount->text(), QStringLiteral("1 clients"));
+        QCOMPARE(list->pnlCount->text(), "1 clients");
 
         // The refresh matches the name exactly, case and all.
-        CurrentLast = QStringLiteral("JONES");
-        CurrentFirst = QStringLiteral("Bob");
+        CurrentLast = "JONES";
+        CurrentFirst = "Bob";
         list->tmrRefresh_Timer();
         QCOMPARE(selectedText(list), QString());
-        CurrentLast = QStringLiteral("Jones");
+        CurrentLast = "Jones";
         list->tmrRefresh_Timer();
-        QCOMPARE(selectedText(list), QStringLiteral("Jones, Bob"));
+        QCOMPARE(selectedText(list), "Jones, Bob");
     }
 
     void aStaleEntryGivesTheFirstClient() {
         ScriptedServices services;
         ClientSlot slot({kAnn, kBob});
         auto* list = openList();
-        slot.RemoveRow(QStringLiteral("Clients"), kAnn);
+        slot.RemoveRow("Clients", kAnn);
         services.messages.Answer(vbOK);
-        clickEntry(list, QStringLiteral("Smith, Ann"));
-        QCOMPARE(services.messages.Last().prompt, QStringLiteral("Client record not found"));
+        clickEntry(list, "Smith, Ann");
+        QCOMPARE(services.messages.Last().prompt, "Client record not found");
         QCOMPARE(current(), kBob);
     }
 
     void selectBringsTheActiveSectionForward() {
         ScriptedServices services;
         ClientSlot slot({kAnn, kBob});
-        RegisterForm(QStringLiteral("frmPersonal"), [] { return new StandInSection; });
+        RegisterForm("frmPersonal", [] { return new StandInSection; });
         auto* list = openList();
         ActiveSection = 0;
-        clickEntry(list, QStringLiteral("Jones, Bob"));
+        clickEntry(list, "Jones, Bob");
         list->cm3Select->click();
-        QVERIFY(!LoadedForm(QStringLiteral("frmPersonal")));
+        QVERIFY(!LoadedForm("frmPersonal"));
 
         ActiveSection = 1;
-        clickEntry(list, QStringLiteral("Smith, Ann"));
+        clickEntry(list, "Smith, Ann");
         // The second click of a double click, as the list reports it.
         Q_EMIT list->lstClients->itemDoubleClicked(list->lstClients->currentItem());
         QCOMPARE(current(), kAnn);
-        QWidget* section = LoadedForm(QStringLiteral("frmPersonal"));
+        QWidget* section = LoadedForm("frmPersonal");
         QVERIFY(section && section->isVisible());
-        UnregisterForm(QStringLiteral("frmPersonal"));
+        UnregisterForm("frmPersonal");
     }
 
     void printAsksFirstAndPrintsUnderTheSlotTitle() {
@@ -243,8 +240,7 @@ private Q_SLOTS:
         list->cm3Print->click();
         QVERIFY(desktop.backend.jobs.empty());
         const ShownMessage asked = desktop.services.messages.Last();
-        QCOMPARE(asked.prompt,
-                 QStringLiteral("Are you sure you want to print a list of all client names?"));
+        QCOMPARE(asked.prompt, "Are you sure you want to print a list of all client names?");
         QCOMPARE(asked.style, vbYesNo | vbQuestion | vbDefaultButton2);
         QCOMPARE(asked.title, list->windowTitle());
 
@@ -257,41 +253,44 @@ private Q_SLOTS:
                 printed << text->text;
             }
         }
-        QCOMPARE(printed,
-                 (QStringList{QStringLiteral("Test Practice"), QStringLiteral("Jones, Bob"),
-                              QStringLiteral("Smith, Ann")}));
+        QCOMPARE(printed, (QStringList{"Test Practice", "Jones, Bob", "Smith, Ann"}));
     }
 
     void theMainWindowPlacesTheListAtItsFixedWidth() {
         ProgramFolderCopy folder;
         ScriptedServices services;
         SetDefaults();
+        ApplicationMaximised = false;
+        ApplicationWidth = 9000;
+        ApplicationHeight = 7500;
         ClientSlot slot({kAnn, kBob});
         auto* main = LoadForm<frmQuillon>();
         main->show();
-        main->Command(QStringLiteral("mnuClients"))->setEnabled(true);
-        main->Command(QStringLiteral("mnuClients"))->trigger();
+        main->Command("mnuClients")->setEnabled(true);
+        main->Command("mnuClients")->trigger();
         auto* list = LoadedForm<frmClients>();
         QVERIFY(list);
         auto* frame = qobject_cast<QMdiSubWindow*>(list->parentWidget());
         QVERIFY(frame && frame->isVisible());
-        const int width = TwipsToPixels(frmClients::kWidthTwips);
-        QCOMPARE(frame->width(), width);
-        QCOMPARE(frame->x(), 0);
+        const int width = 451;  // 6765 twips
+        QCOMPARE(frame->geometry(),
+                 QRect(0, 0, width,
+                       500 - 60 - main->pnlToolBar->height() - main->sbStatusBar->height()));
         frame->resize(width + 120, frame->height() + 40);
         QCOMPARE(frame->width(), width);
 
         // The toolbar button on a list already shown sets its refresh going.
-        main->Command(QStringLiteral("cm3Clients"))->setEnabled(true);
+        main->Command("cm3Clients")->setEnabled(true);
         CurrentLast = kBob.first;
         CurrentFirst = kBob.second;
-        main->Command(QStringLiteral("cm3Clients"))->trigger();
+        main->Command("cm3Clients")->trigger();
         QCoreApplication::processEvents();  // the list's activation goes first
         QVERIFY(list->tmrRefresh->isActive());
+        QCOMPARE(list->tmrRefresh->interval(), 100);
         list->tmrRefresh_Timer();
         QCoreApplication::processEvents();
-        QCOMPARE(list->pnlCount->text(), QStringLiteral("2 clients"));
-        QCOMPARE(selectedText(list), QStringLiteral("Jones, Bob"));
+        QCOMPARE(list->pnlCount->text(), "2 clients");
+        QCOMPARE(selectedText(list), "Jones, Bob");
 
         // Coming back to the list from another window clears its highlight.
         QMdiSubWindow* other = main->mdiArea->addSubWindow(new QWidget);
@@ -310,16 +309,14 @@ private Q_SLOTS:
         QTimer::singleShot(0, [] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             QVERIFY(dialog);
-            QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("txtFirst")),
-                             QStringLiteral("Bob"));
-            QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("txtLast")),
-                             QStringLiteral("Jones"));
-            Button(dialog, QStringLiteral("cm3OK"))->click();
+            QTest::keyClicks(dialog->findChild<QLineEdit*>("txtFirst"), "Bob");
+            QTest::keyClicks(dialog->findChild<QLineEdit*>("txtLast"), "Jones");
+            Button(dialog, "cm3OK")->click();
         });
         list->cm3New->click();
         QVERIFY(list->tmrRefresh->isActive());
         list->tmrRefresh_Timer();
-        QCOMPARE(selectedText(list), QStringLiteral("Jones, Bob"));
+        QCOMPARE(selectedText(list), "Jones, Bob");
         QCOMPARE(current(), kBob);
     }
 };

@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -29,7 +28,7 @@ QString CountSql(const QString& table, const QString& where = {}) {
     return QStringLiteral("SELECT count(*) FROM %1 %2").arg(Quoted(table), where);
 }
 
-const QString kByName = QStringLiteral("WHERE \"First Names\" = ? AND \"Last Name\" = ?");
+const QString kByName = "WHERE \"First Names\" = ? AND \"Last Name\" = ?";
 
 // Every value the file holds fits its field: texts within their width,
 // Yes/No fields 0 or 1, integers whole. Unset fields are Null.
@@ -62,7 +61,7 @@ void VerifyValuesFitTheirFields(SqliteProbe& file, const std::vector<dao::TableD
 
 // Every client table holds exactly the names of `Clients`.
 void VerifyClientsInEveryTable(SqliteProbe& file, int clients) {
-    QCOMPARE(file.Value(CountSql(QStringLiteral("Clients"))).toInt(), clients);
+    QCOMPARE(file.Value(CountSql("Clients")).toInt(), clients);
     for (const QString& table : ClientTableNames()) {
         QVERIFY2(file.Value(CountSql(table)).toInt() == clients, qPrintable(table));
         const QString matched =
@@ -74,16 +73,25 @@ void VerifyClientsInEveryTable(SqliteProbe& file, int clients) {
     }
 }
 
+// Each row of `table`, in stored order, its values joined by "|".
+QStringList RowsOf(SqliteProbe& file, const QString& table) {
+    QStringList rows;
+    for (const QVariantList& row :
+         file.Rows("SELECT * FROM " + Quoted(table) + " ORDER BY rowid")) {
+        QStringList values;
+        for (const QVariant& value : row) {
+            values << (value.isNull() ? "<null>" : value.toString());
+        }
+        rows << values.join('|');
+    }
+    return rows;
+}
+
 QStringList DumpAll(SqliteProbe& file) {
     QStringList dump;
     for (const dao::TableDef& table : ClientDatabaseTables()) {
-        for (const QVariantList& row :
-             file.Rows(QStringLiteral("SELECT * FROM %1 ORDER BY rowid").arg(Quoted(table.name)))) {
-            QStringList values;
-            for (const QVariant& value : row) {
-                values << (value.isNull() ? QStringLiteral("<null>") : value.toString());
-            }
-            dump << table.name + QLatin1Char(':') + values.join(QLatin1Char('|'));
+        for (const QString& row : RowsOf(file, table.name)) {
+            dump << table.name + ':' + row;
         }
     }
     return dump;
@@ -91,12 +99,11 @@ QStringList DumpAll(SqliteProbe& file) {
 
 // One version row, a number of the layout that holds Office No and Email.
 void VerifyDeliveredVersion(dao::Database& db) {
-    dao::Recordset version = db.OpenRecordset(QStringLiteral("Version"));
+    dao::Recordset version = db.OpenRecordset("Version");
     QCOMPARE(version.RecordCount(), 1L);
     version.MoveFirst();
     bool isNumber = false;
-    const double number =
-        version.Fields(QStringLiteral("Version")).Value().toString().toDouble(&isNumber);
+    const double number = version.Fields("Version").Value().toString().toDouble(&isNumber);
     QVERIFY(isNumber);
     QVERIFY(number >= 2001.0);
 }
@@ -106,227 +113,154 @@ void VerifyDeliveredVersion(dao::Database& db) {
 class TestDeliveredDatabases : public QObject {
     Q_OBJECT
 
-private Q_SLOTS:
-    void programFolderHoldsTheDeliveredFiles();
-    void sampleClientStandsInEveryClientTable();
-    void commonRowsMatchTheirReference();
-    void onlyClientsRefusesASecondClientOfTheSameName();
-    void officeDatabaseHoldsThePublishedOffices();
-    void dividendDatabaseHoldsThePublishedShares();
-    void syntheticClientsAreDistinctAndComplete();
-    void syntheticDatabaseIsTheSameEachTime();
-    void toolReplacesTheFileItMakes();
-
 private:
     QTemporaryDir scratch_;
-};
 
-void TestDeliveredDatabases::programFolderHoldsTheDeliveredFiles() {
-    const std::pair<const char*, std::vector<dao::TableDef>> files[] = {
-        {kClientDatabaseFile, ClientDatabaseTables()},
-        {kDefaultOfficeDatabaseFile, OfficeDatabaseTables()},
-        {kDefaultDividendDatabaseFile, DividendDatabaseTables()},
-    };
-    for (const auto& [name, tables] : files) {
-        SqliteProbe file(Delivered(name), SqliteProbe::Access::ReadOnly);
-        QVERIFY2(file.IsOpen(), name);
-        QStringList expected;
-        for (const dao::TableDef& table : tables) {
-            expected << table.name;
-        }
-        QStringList present = file.TableNames();
-        present.sort();
-        expected.sort();
-        QCOMPARE(present, expected);
-        VerifyValuesFitTheirFields(file, tables);
-    }
-}
-
-void TestDeliveredDatabases::sampleClientStandsInEveryClientTable() {
-    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
-    VerifyClientsInEveryTable(file, 1);
-    const QVariantList sample{QString::fromLatin1(kSampleClientFirst),
-                              QString::fromLatin1(kSampleClientLast)};
-    QCOMPARE(file.Value(CountSql(QStringLiteral("Clients"), kByName), sample).toInt(), 1);
-    QCOMPARE(file.Value(QStringLiteral("SELECT \"File Identifier\" FROM Administration ") + kByName,
-                        sample),
-             QVariant(QStringLiteral("Sample, A.")));
-}
-
-// The shared descriptions, titles and diary tax years, row by row, against
-// the reference: what a new installation shows on every screen.
-void TestDeliveredDatabases::commonRowsMatchTheirReference() {
-    SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
-    QStringList rows;
-    for (const QVariantList& row :
-         file.Rows(QStringLiteral("SELECT * FROM Common ORDER BY rowid"))) {
-        QStringList values;
-        for (const QVariant& value : row) {
-            values << (value.isNull() ? QStringLiteral("<null>") : value.toString());
-        }
-        rows << values.join(QLatin1Char('|'));
-    }
-    QCOMPARE(rows, testing::ReferenceLines(QStringLiteral("delivered-common.txt"), rows));
-}
-
-void TestDeliveredDatabases::onlyClientsRefusesASecondClientOfTheSameName() {
-    const QString path = scratch_.filePath(QStringLiteral("unique.mdb"));
-    MakeClientDatabase(path);
-    dao::Database db = dao::OpenDatabase(path);
-    const auto addClient = [&](const QString& table, const QString& first, const QString& last) {
-        dao::Recordset rows = db.OpenRecordset(table);
-        rows.AddNew();
-        rows.Fields(QStringLiteral("First Names")).SetValue(first);
-        rows.Fields(QStringLiteral("Last Name")).SetValue(last);
-        rows.Update();
-    };
-    for (const QString& table : ClientTableNames()) {
-        if (table == QLatin1String("Clients")) {
-            QVERIFY_DAO_ERROR(addClient(table, u"a."_qs, u"SAMPLE"_qs), dao::kErrDuplicateKey);
-        } else {
-            addClient(table, u"a."_qs, u"SAMPLE"_qs);
-            dao::Recordset rows = db.OpenRecordset(table);
-            QCOMPARE(rows.RecordCount(), 2L);
+private Q_SLOTS:
+    void programFolderHoldsTheDeliveredFiles() {
+        const std::pair<const char*, std::vector<dao::TableDef>> files[] = {
+            {kClientDatabaseFile, ClientDatabaseTables()},
+            {kDefaultOfficeDatabaseFile, OfficeDatabaseTables()},
+            {kDefaultDividendDatabaseFile, DividendDatabaseTables()},
+        };
+        for (const auto& [name, tables] : files) {
+            SqliteProbe file(Delivered(name), SqliteProbe::Access::ReadOnly);
+            QVERIFY2(file.IsOpen(), name);
+            QStringList expected;
+            for (const dao::TableDef& table : tables) {
+                expected << table.name;
+            }
+            QStringList present = file.TableNames();
+            present.sort();
+            expected.sort();
+            QCOMPARE(present, expected);
+            VerifyValuesFitTheirFields(file, tables);
         }
     }
-    // Another first name under the same last name is another client.
-    addClient(u"Clients"_qs, u"B."_qs, u"Sample"_qs);
-    // The seek is the engine's too: the last name first, in any case.
-    dao::Recordset clients = db.OpenRecordset(u"Clients"_qs);
-    clients.SetIndex(u"Name"_qs);
-    clients.Seek(u"="_qs, {u"SAMPLE"_qs, u"a."_qs});
-    QVERIFY(!clients.NoMatch());
-    QCOMPARE(clients.Fields(u"First Names"_qs).Value(), QVariant(u"A."_qs));
-}
 
-void TestDeliveredDatabases::officeDatabaseHoldsThePublishedOffices() {
-    dao::Database db = dao::OpenDatabase(Delivered(kDefaultOfficeDatabaseFile), false, true);
-    dao::Recordset offices = db.OpenRecordset(u"Tax Offices"_qs);
-    offices.SetIndex(u"Office Name"_qs);
-    offices.Seek(u"="_qs, {u"Accounts Office Cumbernauld"_qs, u"902"_qs});
-    QVERIFY(!offices.NoMatch());
-    offices.SetIndex(u"District Code"_qs);
-    offices.Seek(u"="_qs, {u"902"_qs});
-    QVERIFY(!offices.NoMatch());
-    QCOMPARE(offices.Fields(u"Name"_qs).Value(), QVariant(u"Accounts Office Cumbernauld"_qs));
-    // Every office can be reached by its three-character number.
-    for (offices.MoveFirst(); !offices.IsEOF(); offices.MoveNext()) {
-        QCOMPARE(offices.Fields(u"Number"_qs).Value().toString().size(), 3);
-        QVERIFY(!offices.Fields(u"Name"_qs).IsNull());
+    void sampleClientStandsInEveryClientTable() {
+        SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
+        VerifyClientsInEveryTable(file, 1);
+        const QVariantList sample{QString::fromLatin1(kSampleClientFirst),
+                                  QString::fromLatin1(kSampleClientLast)};
+        QCOMPARE(file.Value(CountSql("Clients", kByName), sample).toInt(), 1);
+        QCOMPARE(file.Value("SELECT \"File Identifier\" FROM Administration " + kByName, sample),
+                 QVariant("Sample, A."));
     }
-    VerifyDeliveredVersion(db);
-}
 
-void TestDeliveredDatabases::dividendDatabaseHoldsThePublishedShares() {
-    {
-        dao::Database db = dao::OpenDatabase(Delivered(kDefaultDividendDatabaseFile), false, true);
-        dao::Recordset shares = db.OpenRecordset(u"Dividends"_qs);
-        shares.SetIndex(u"Name"_qs);
-        shares.Seek(u"="_qs, {u"3i Group PLC"_qs, u"Ordinary 50p"_qs, false});
-        QVERIFY(!shares.NoMatch());
-        // Every row came with the published file, so an update replaces them all.
-        for (shares.MoveFirst(); !shares.IsEOF(); shares.MoveNext()) {
-            QCOMPARE(shares.Fields(u"Issued"_qs).Value(), QVariant(1));
+    // The shared descriptions, titles and diary tax years, row by row, against
+    // the reference: what a new installation shows on every screen.
+    void commonRowsMatchTheirReference() {
+        SqliteProbe file(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
+        const QStringList rows = RowsOf(file, "Common");
+        QCOMPARE(rows, testing::ReferenceLines("delivered-common.txt", rows));
+    }
+
+    void officeDatabaseHoldsThePublishedOffices() {
+        dao::Database db = dao::OpenDatabase(Delivered(kDefaultOfficeDatabaseFile), false, true);
+        dao::Recordset offices = db.OpenRecordset("Tax Offices");
+        offices.SetIndex("Office Name");
+        offices.Seek("=", {"Accounts Office Cumbernauld", "902"});
+        QVERIFY(!offices.NoMatch());
+        offices.SetIndex("District Code");
+        offices.Seek("=", {"902"});
+        QVERIFY(!offices.NoMatch());
+        QCOMPARE(offices.Fields("Name").Value(), QVariant("Accounts Office Cumbernauld"));
+        // Every office can be reached by its three-character number.
+        for (offices.MoveFirst(); !offices.IsEOF(); offices.MoveNext()) {
+            QCOMPARE(offices.Fields("Number").Value().toString().size(), 3);
+            QVERIFY(!offices.Fields("Name").IsNull());
         }
         VerifyDeliveredVersion(db);
     }
 
-    // The key has three parts: the same share as an FID is another row, the
-    // same share in other case is not.
-    const QString path = scratch_.filePath(QStringLiteral("dividends.mdb"));
-    MakeDividendDatabase(path);
-    dao::Database db = dao::OpenDatabase(path);
-    dao::Recordset shares = db.OpenRecordset(u"Dividends"_qs);
-    const auto add = [&](const QString& company, const QString& stock, bool fid) {
-        shares.AddNew();
-        shares.Fields(u"Company"_qs).SetValue(company);
-        shares.Fields(u"Stock"_qs).SetValue(stock);
-        shares.Fields(u"FID"_qs).SetValue(fid);
-        shares.Update();
-    };
-    add(u"3i Group PLC"_qs, u"Ordinary 50p"_qs, true);
-    QVERIFY_DAO_ERROR(add(u"3I GROUP PLC"_qs, u"ordinary 50P"_qs, false), dao::kErrDuplicateKey);
-}
-
-void TestDeliveredDatabases::syntheticClientsAreDistinctAndComplete() {
-    constexpr int kCount = 400;
-    const QString path = scratch_.filePath(QStringLiteral("synthetic.mdb"));
-    MakeSyntheticClientDatabase(path, kCount);
-    SqliteProbe file(path);
-    VerifyClientsInEveryTable(file, kCount + 1);
-    VerifyValuesFitTheirFields(file, ClientDatabaseTables());
-
-    // The descriptions are those of a delivered database.
-    SqliteProbe delivered(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
-    const QString common = QStringLiteral("SELECT * FROM Common ORDER BY Name");
-    QCOMPARE(file.Rows(common), delivered.Rows(common));
-
-    // Enough is filled for lists, filters and reports to have work to do, and
-    // dates are in the forms the screens leave.
-    const auto filled = [&](const QString& table, const QString& field) {
-        return file.Value(CountSql(table, QStringLiteral("WHERE %1 <> ''").arg(Quoted(field))))
-            .toInt();
-    };
-    QCOMPARE(filled(QStringLiteral("Personal"), QStringLiteral("Address 1")), kCount);
-    QCOMPARE(filled(QStringLiteral("Administration"), QStringLiteral("File Identifier")),
-             kCount + 1);
-    for (const auto& [table, field] : {std::pair{"Employment 1", "Employer"},
-                                       {"Business 1", "Business Name"},
-                                       {"Contributions", "Provider 1"},
-                                       {"Diary 4", "Standard Date 20"}}) {
-        const int count = filled(QString::fromLatin1(table), QString::fromLatin1(field));
-        QVERIFY2(count > kCount / 20 && count < kCount, field);
+    void dividendDatabaseHoldsThePublishedShares() {
+        dao::Database db = dao::OpenDatabase(Delivered(kDefaultDividendDatabaseFile), false, true);
+        dao::Recordset shares = db.OpenRecordset("Dividends");
+        shares.SetIndex("Name");
+        shares.Seek("=", {"3i Group PLC", "Ordinary 50p", false});
+        QVERIFY(!shares.NoMatch());
+        // Every row came with the published file, so an update replaces them all.
+        for (shares.MoveFirst(); !shares.IsEOF(); shares.MoveNext()) {
+            QCOMPARE(shares.Fields("Issued").Value(), QVariant(1));
+        }
+        VerifyDeliveredVersion(db);
     }
-    QVERIFY(file.Value(CountSql(QStringLiteral("Personal"),
-                                QStringLiteral("WHERE \"Indicator 2\" = 1")))
-                .toInt() > 0);
-    QCOMPARE(
-        file
-            .Value(CountSql(
-                QStringLiteral("Personal"),
-                QStringLiteral(
-                    "WHERE \"Date of Birth\" NOT GLOB '[0-3][0-9]/[01][0-9]/[12][0-9][0-9][0-9]'")))
-            .toInt(),
-        0);
-    QCOMPARE(
-        file.Value(CountSql(QStringLiteral("Diary 1"),
-                            QStringLiteral("WHERE \"Standard Date 1\" <> '' AND \"Standard Date "
-                                           "1\" NOT GLOB '[0-3][0-9]/[01][0-9]/[0-9][0-9]'")))
-            .toInt(),
-        0);
-}
 
-void TestDeliveredDatabases::syntheticDatabaseIsTheSameEachTime() {
-    const QString first = scratch_.filePath(QStringLiteral("first.mdb"));
-    const QString second = scratch_.filePath(QStringLiteral("second.mdb"));
-    MakeSyntheticClientDatabase(first, 60);
-    MakeSyntheticClientDatabase(second, 60);
-    SqliteProbe one(first);
-    SqliteProbe other(second);
-    const QStringList dump = DumpAll(one);
-    QCOMPARE(dump.size(), 22 * 61 + 15);
-    QCOMPARE(DumpAll(other), dump);
-}
+    void syntheticClientsAreDistinctAndComplete() {
+        constexpr int kCount = 400;
+        const QString path = scratch_.filePath("synthetic.mdb");
+        MakeSyntheticClientDatabase(path, kCount);
+        SqliteProbe file(path);
+        VerifyClientsInEveryTable(file, kCount + 1);
+        VerifyValuesFitTheirFields(file, ClientDatabaseTables());
 
-void TestDeliveredDatabases::toolReplacesTheFileItMakes() {
-    // The build puts the tool beside the program folder, in its own folder.
-    const QString tool = QDir(QStringLiteral(QUILLON_PROGRAM_DIR))
-                             .filePath(QStringLiteral("../tools/quillon-makedb"));
-    const QString path = scratch_.filePath(QStringLiteral("tool.mdb"));
-    const auto run = [&](const QStringList& arguments) {
-        return QProcess::execute(tool, arguments);
-    };
-    QCOMPARE(run({QStringLiteral("synthetic"), path, QStringLiteral("7")}), 0);
-    QCOMPARE(run({QStringLiteral("synthetic"), path, QStringLiteral("3")}), 0);
-    {
-        SqliteProbe file(path, SqliteProbe::Access::ReadOnly);
-        QCOMPARE(file.Value(CountSql(QStringLiteral("Clients"))).toInt(), 4);
+        // The descriptions are those of a delivered database.
+        SqliteProbe delivered(Delivered(kClientDatabaseFile), SqliteProbe::Access::ReadOnly);
+        const QString common = "SELECT * FROM Common ORDER BY Name";
+        QCOMPARE(file.Rows(common), delivered.Rows(common));
+
+        // Enough is filled for lists, filters and reports to have work to do, and
+        // dates are in the forms the screens leave.
+        const auto filled = [&](const QString& table, const QString& field) {
+            return file.Value(CountSql(table, QStringLiteral("WHERE %1 <> ''").arg(Quoted(field))))
+                .toInt();
+        };
+        QCOMPARE(filled("Personal", "Address 1"), kCount);
+        QCOMPARE(filled("Administration", "File Identifier"), kCount + 1);
+        for (const auto& [table, field] : {std::pair{"Employment 1", "Employer"},
+                                           {"Business 1", "Business Name"},
+                                           {"Contributions", "Provider 1"},
+                                           {"Diary 4", "Standard Date 20"}}) {
+            const int count = filled(QString::fromLatin1(table), QString::fromLatin1(field));
+            QVERIFY2(count > kCount / 20 && count < kCount, field);
+        }
+        const auto count = [&file](const char* table, const char* where) {
+            return file.Value(CountSql(table, where)).toInt();
+        };
+        QVERIFY(count("Personal", "WHERE \"Indicator 2\" = 1") > 0);
+        QCOMPARE(count("Personal",
+                       "WHERE \"Date of Birth\" NOT GLOB "
+                       "'[0-3][0-9]/[01][0-9]/[12][0-9][0-9][0-9]'"),
+                 0);
+        QCOMPARE(count("Diary 1",
+                       "WHERE \"Standard Date 1\" <> '' AND \"Standard Date 1\" "
+                       "NOT GLOB '[0-3][0-9]/[01][0-9]/[0-9][0-9]'"),
+                 0);
     }
-    QFile::remove(path);
-    QVERIFY(run({QStringLiteral("synthetic"), path, QStringLiteral("many")}) != 0);
-    QVERIFY(run({QStringLiteral("delivered")}) != 0);
-    QVERIFY(!QFile::exists(path));
-}
+
+    void syntheticDatabaseIsTheSameEachTime() {
+        const QString first = scratch_.filePath("first.mdb");
+        const QString second = scratch_.filePath("second.mdb");
+        MakeSyntheticClientDatabase(first, 60);
+        MakeSyntheticClientDatabase(second, 60);
+        SqliteProbe one(first);
+        SqliteProbe other(second);
+        const QStringList dump = DumpAll(one);
+        QCOMPARE(dump.size(), 22 * 61 + 15);
+        QCOMPARE(DumpAll(other), dump);
+    }
+
+    void toolReplacesTheFileItMakes() {
+        // The build puts the tool beside the program folder, in its own folder.
+        const QString tool =
+            QDir(QStringLiteral(QUILLON_PROGRAM_DIR)).filePath("../tools/quillon-makedb");
+        const QString path = scratch_.filePath("tool.mdb");
+        const auto run = [&](const QStringList& arguments) {
+            return QProcess::execute(tool, arguments);
+        };
+        QCOMPARE(run({"synthetic", path, "7"}), 0);
+        QCOMPARE(run({"synthetic", path, "3"}), 0);
+        {
+            SqliteProbe file(path, SqliteProbe::Access::ReadOnly);
+            QCOMPARE(file.Value(CountSql("Clients")).toInt(), 4);
+        }
+        QFile::remove(path);
+        QVERIFY(run({"synthetic", path, "many"}) != 0);
+        QVERIFY(run({"delivered"}) != 0);
+        QVERIFY(!QFile::exists(path));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDeliveredDatabases)
 #include "test_delivered_databases.moc"

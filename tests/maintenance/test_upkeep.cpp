@@ -94,78 +94,56 @@ private Q_SLOTS:
         QCOMPARE(ClientsIn(Live()), clients);
     }
 
-    // Another workstation in the middle of its work: nothing changes, and the
-    // user is told why.
-    void aFileInUseIsLeftAlone_data() {
-        QTest::addColumn<bool>("compact");
-        QTest::newRow("compact") << true;
-        QTest::newRow("repair") << false;
-    }
-    void aFileInUseIsLeftAlone() {
-        QFETCH(bool, compact);
-        PeerProcess peer;
-        QVERIFY(peer.Started());
-        QCOMPARE(peer.Ask({"open", Live()}), QStringLiteral("ok"));
-        QCOMPARE(peer.Ask({"begin"}), QStringLiteral("ok"));
-        const QByteArray live = Bytes(Live());
-        const QByteArray safety = Bytes(Safety());
-        services_.messages.Answer(vbOK);
-        compact ? Run<frmCompact>("cmdContinue") : Run<frmRepair>("cmdContinue");
-        QVERIFY(peer.Quit());
-        QVERIFY(services_.messages.Last().prompt.startsWith(
-            "The client database is in use by another user."));
-        QCOMPARE(services_.messages.Last().title,
-                 compact ? QStringLiteral("Compact database") : QStringLiteral("Repair database"));
-        QCOMPARE(Bytes(Live()), live);
-        QCOMPARE(Bytes(Safety()), safety);
-    }
-
-    // A file past mending is reported in the wait screen's name; the copy of
-    // it as it was stays beside it.
-    void aFailedRepairLeavesItsCopy() {
-        QFile live(Live());
-        QVERIFY(live.open(QIODevice::ReadWrite));
-        live.write(QByteArray(100, 'x'));  // no longer a database's header
-        live.close();
-        const QByteArray damaged = Bytes(Live());
-        services_.messages.Answer(vbOK);
-        Run<frmRepair>("cmdContinue");
-        const ShownMessage told = services_.messages.Last();
-        QVERIFY(told.prompt.startsWith("Module: frmRepairWait\nProcedure: Timer1_Timer\nError "));
-        QCOMPARE(told.title, QStringLiteral("Repair database"));
-        QCOMPARE(Bytes(Safety()), damaged);
-    }
-
-    // A compact that fails, at a damaged file or at its safety copy, is told
-    // and leaves the live file as it was.
-    void aFailedCompactLeavesTheLiveFile_data() {
-        QTest::addColumn<bool>("damaged");
-        QTest::newRow("damaged file") << true;
-        QTest::newRow("no room for the safety copy") << false;
-    }
-    void aFailedCompactLeavesTheLiveFile() {
-        QFETCH(bool, damaged);
-        if (damaged) {
-            QFile live(Live());
-            QVERIFY(live.open(QIODevice::ReadWrite) && live.resize(live.size() / 2));
-        } else {
-            QFile::remove(Safety());
-            QVERIFY(QDir().mkpath(Safety()));  // a folder where the copy should go
+    // For each way a compact or repair is stopped, the reference file holds
+    // what is told and what the live and the safety file then hold: a file in
+    // use by another workstation, a compact of a damaged file or with no room
+    // for its safety copy, a repair of a file past mending (whose copy as it
+    // was stays beside it), and a cancel.
+    void stoppedUpkeepLeavesTheFiles() {
+        const QStringList cases = QStringLiteral(
+                                      "compact in use; repair in use; compact damaged; "
+                                      "compact without room; repair past mending; compact cancel")
+                                      .split("; ");
+        QStringList outcomes;
+        for (const QString& upkeep : cases) {
+            init();
+            PeerProcess peer;
+            if (upkeep.endsWith("in use")) {
+                QVERIFY(peer.Started());
+                QCOMPARE(peer.Ask({"open", Live()}), QStringLiteral("ok"));
+                QCOMPARE(peer.Ask({"begin"}), QStringLiteral("ok"));
+            } else if (upkeep.endsWith("damaged")) {
+                QFile live(Live());
+                QVERIFY(live.open(QIODevice::ReadWrite) && live.resize(live.size() / 2));
+            } else if (upkeep.endsWith("without room")) {
+                QFile::remove(Safety());
+                QVERIFY(QDir().mkpath(Safety()));  // a folder where the copy should go
+            } else if (upkeep.endsWith("past mending")) {
+                QFile live(Live());
+                QVERIFY(live.open(QIODevice::ReadWrite));
+                live.write(QByteArray(100, 'x'));  // no longer a database's header
+            }
+            const QByteArray live = Bytes(Live());
+            const QByteArray safety = Bytes(Safety());
+            if (!upkeep.endsWith("cancel")) {
+                services_.messages.Answer(vbOK);
+            }
+            const char* button = upkeep.endsWith("cancel") ? "cmdCancel" : "cmdContinue";
+            upkeep.startsWith("compact") ? Run<frmCompact>(button) : Run<frmRepair>(button);
+            const ShownMessage told = services_.messages.Last();
+            outcomes << QStringLiteral("%1: \"%2\" %3; live file %4; safety file %5")
+                            .arg(upkeep, told.prompt.section(':', 0, 2).replace('\n', '|'),
+                                 told.title, Bytes(Live()) == live ? "as it was" : "changed",
+                                 Bytes(Safety()) == safety ? "as it was"
+                                 : Bytes(Safety()) == live ? "the live file as it was"
+                                                           : "changed");
+            QDir(Safety()).removeRecursively();
+            if (peer.Started()) {
+                QVERIFY(peer.Quit());
+            }
+            cleanup();
         }
-        const QByteArray live = Bytes(Live());
-        services_.messages.Answer(vbOK);
-        Run<frmCompact>("cmdContinue");
-        QVERIFY(services_.messages.Last().prompt.startsWith("Module: frmCompactWait"));
-        QCOMPARE(Bytes(Live()), live);
-        QDir(Safety()).removeRecursively();
-    }
-
-    // Cancel touches nothing.
-    void cancelTouchesNothing() {
-        const QByteArray live = Bytes(Live());
-        Run<frmCompact>("cmdCancel");
-        QCOMPARE(Bytes(Live()), live);
-        QCOMPARE(Bytes(Safety()), QByteArray("an older safety file"));
+        QCOMPARE(outcomes, ReferenceLines("upkeep-stopped.txt", outcomes));
     }
 };
 

@@ -1,7 +1,10 @@
+// The file routines on a disk whose names differ in case from the names asked.
 #include "platform/files.h"
 #include "support/error_number.h"
+#include "support/shell_testing.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,9 +19,22 @@ void WriteFile(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
-QByteArray ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+// Every file with its content and every folder under `root`.
+QStringList Listing(const QString& root) {
+    QStringList entries;
+    for (QDirIterator it(root, QDir::AllEntries | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+         it.hasNext();) {
+        const QFileInfo entry(it.next());
+        QFile file(entry.filePath());
+        entries << QDir(root).relativeFilePath(entry.filePath()) +
+                       (entry.isDir() ? QStringLiteral("/")
+                        : file.open(QIODevice::ReadOnly)
+                            ? QLatin1Char('=') + QString::fromLatin1(file.readAll())
+                            : QString());
+    }
+    entries.sort();
+    return entries;
 }
 
 }  // namespace
@@ -26,119 +42,73 @@ QByteArray ReadFile(const QString& path) {
 class TestFiles : public QObject {
     Q_OBJECT
 
-private:
-    QTemporaryDir root_;
-    QString At(const QString& name) const { return root_.filePath(name); }
-
 private Q_SLOTS:
-    void init() {
-        QVERIFY(root_.isValid());
-        QDir(root_.path()).removeRecursively();
-        QDir().mkpath(root_.path());
-        WriteFile(At("quill020.mdb"), "lower");
-        WriteFile(At("TAXOFF2.MDB"), "upper");
-        QDir(root_.path()).mkdir("Docs");
-        QDir(root_.path()).mkdir("backup15.mdb");
-    }
-
-    void dirFindsNamesInAnyCase_data() {
-        QTest::addColumn<QString>("asked");
-        QTest::addColumn<QString>("found");
-        QTest::newRow("upper asked, lower on disk") << "QUILL020.MDB"
-                                                    << "quill020.mdb";
-        QTest::newRow("lower asked, upper on disk") << "taxoff2.mdb"
-                                                    << "TAXOFF2.MDB";
-        QTest::newRow("mixed case") << "Quill020.Mdb"
-                                    << "quill020.mdb";
-        QTest::newRow("exact") << "quill020.mdb"
-                               << "quill020.mdb";
-        QTest::newRow("no such file") << "QUILL001.MDB"
-                                      << "";
-        QTest::newRow("folder of that name is no file") << "BACKUP15.MDB"
-                                                        << "";
-        QTest::newRow("folder itself") << "docs"
-                                       << "";
-        QTest::newRow("prefix of a name") << "quill020"
-                                          << "";
-    }
-    void dirFindsNamesInAnyCase() {
-        QFETCH(QString, asked);
-        QFETCH(QString, found);
-        QCOMPARE(Dir(At(asked)), found);
-    }
-
-    void dirAcceptsEitherSeparatorAndAnyCaseOfTheFolder() {
-        WriteFile(At("Docs/Preview.pdf"), "pdf");
-        QString backslashed = At("DOCS/PREVIEW.PDF");
-        backslashed.replace('/', '\\');
-        QCOMPARE(Dir(backslashed), QString("Preview.pdf"));
-    }
-
-    void dirSkipsAFolderSpeltLikeTheFile() {
-        // Where names differ in case only, a folder must not hide the file.
-        QDir(root_.path()).mkdir("merge.txt");
-        WriteFile(At("MERGE.TXT"), "data");
-        QCOMPARE(Dir(At("Merge.txt")), QString("MERGE.TXT"));
-    }
-
-    void dirInAMissingFolderIsEmpty() {
-        QCOMPARE(Dir(At("Nowhere/QUILL020.MDB")), QString());
-        QCOMPARE(Dir(QString()), QString());
-        QCOMPARE(Dir(At("Docs/")), QString());
-    }
-
-    void pathOnDiskSpellsEachComponentAsOnDisk() {
-        WriteFile(At("Docs/Preview.pdf"), "pdf");
-        QCOMPARE(PathOnDisk(At("DOCS/preview.PDF")),
-                 QDir::toNativeSeparators(At("Docs/Preview.pdf")));
-        // A file still to be made keeps its given name inside the folder found.
-        QCOMPARE(PathOnDisk(At("docs/NEW.PDF")), QDir::toNativeSeparators(At("Docs/NEW.PDF")));
-    }
-
-    void fileCopyOverwritesAndFindsTheSourceInAnyCase() {
-        FileCopy(At("QUILL020.MDB"), At("TAXOFF2.MDB"));
-        QCOMPARE(ReadFile(At("TAXOFF2.MDB")), QByteArray("lower"));
-        FileCopy(At("quill020.mdb"), At("Docs/copy.mdb"));
-        QCOMPARE(ReadFile(At("Docs/copy.mdb")), QByteArray("lower"));
-    }
-
-    void fileCopyErrors() {
-        QCOMPARE(ErrorNumberOf([&] { FileCopy(At("missing.mdb"), At("x.mdb")); }), 53);
-        QCOMPARE(ErrorNumberOf([&] { FileCopy(At("quill020.mdb"), At("Nowhere/x.mdb")); }), 76);
-        // Copying a file onto itself must not destroy it.
-        QCOMPARE(ErrorNumberOf([&] { FileCopy(At("quill020.mdb"), At("QUILL020.MDB")); }), 75);
-        QCOMPARE(ReadFile(At("quill020.mdb")), QByteArray("lower"));
-        QCOMPARE(ErrorNumberOf([&] { FileCopy(At("quill020.mdb"), At("Docs")); }), 75);
-    }
-
-    void killDeletesInAnyCase() {
-        Kill(At("QUILL020.MDB"));
-        QVERIFY(!QFile::exists(At("quill020.mdb")));
-        QCOMPARE(ErrorNumberOf([&] { Kill(At("QUILL020.MDB")); }), 53);
-        QCOMPARE(ErrorNumberOf([&] { Kill(At("Docs")); }), 53);
-    }
-
-    void nameRenames() {
-        Name(At("QUILL020.MDB"), At("QUILL020.BAK"));
-        QCOMPARE(Dir(At("quill020.bak")), QString("QUILL020.BAK"));
-        QVERIFY(Dir(At("quill020.mdb")).isEmpty());
-        // A change of case alone is a rename, not a clash with itself.
-        Name(At("quill020.bak"), At("quill020.bak"));
-        QCOMPARE(Dir(At("QUILL020.BAK")), QString("quill020.bak"));
-    }
-
-    void nameErrors() {
-        QCOMPARE(ErrorNumberOf([&] { Name(At("missing.mdb"), At("x.mdb")); }), 53);
-        QCOMPARE(ErrorNumberOf([&] { Name(At("quill020.mdb"), At("taxoff2.mdb")); }), 58);
-        QCOMPARE(ErrorNumberOf([&] { Name(At("quill020.mdb"), At("Nowhere/x.mdb")); }), 76);
-        QCOMPARE(ReadFile(At("TAXOFF2.MDB")), QByteArray("upper"));
-    }
-
-    void mkDirMakesOneFolder() {
-        MkDir(At("Backups"));
-        QVERIFY(QFileInfo(At("Backups")).isDir());
-        QCOMPARE(ErrorNumberOf([&] { MkDir(At("BACKUPS")); }), 75);
-        QCOMPARE(ErrorNumberOf([&] { MkDir(At("Nowhere/Backups")); }), 76);
+    // Each case runs on a fresh folder; the reference file holds what the
+    // routine answers (a name, a path or an error number) and what it changed
+    // on the disk. A folder never passes for a file, nor a file for itself.
+    void routinesFindNamesInAnyCase() {
+        const QStringList cases =
+            QStringLiteral(
+                "dir QUILL020.MDB; dir taxoff2.mdb; dir Quill020.Mdb; dir quill020.mdb; "
+                "dir QUILL001.MDB; dir BACKUP15.MDB; dir docs; dir quill020; dir Merge.txt; "
+                "dir\\ DOCS/PREVIEW.PDF; dir Nowhere/QUILL020.MDB; dir; dir Docs/; "
+                "path DOCS/preview.PDF; path docs/NEW.PDF; copy QUILL020.MDB TAXOFF2.MDB; "
+                "copy quill020.mdb Docs/copy.mdb; copy missing.mdb x.mdb; "
+                "copy quill020.mdb Nowhere/x.mdb; copy quill020.mdb QUILL020.MDB; "
+                "copy quill020.mdb Docs; kill QUILL020.MDB; kill QUILL001.MDB; kill Docs; "
+                "name QUILL020.MDB QUILL020.BAK; name quill020.mdb QUILL020.mdb; "
+                "name missing.mdb x.mdb; name quill020.mdb taxoff2.mdb; "
+                "name quill020.mdb Nowhere/x.mdb; mkdir Backups; mkdir DOCS; "
+                "mkdir Nowhere/Backups")
+                .split(QStringLiteral("; "));
+        QStringList outcomes;
+        for (const QString& asked : cases) {
+            const QStringList words = asked.split(' ');
+            QTemporaryDir root;
+            const auto at = [&root](const QString& name) { return root.filePath(name); };
+            WriteFile(at("quill020.mdb"), "lower");
+            WriteFile(at("TAXOFF2.MDB"), "upper");
+            WriteFile(at("MERGE.TXT"), "data");
+            for (const char* folder : {"Docs", "backup15.mdb", "merge.txt"}) {
+                QDir(root.path()).mkdir(folder);
+            }
+            WriteFile(at("Docs/Preview.pdf"), "pdf");
+            const QStringList before = Listing(root.path());
+            const QString& name = words[0];
+            const QString first = words.value(1);
+            const QString second = words.value(2);
+            QString answer;
+            const int error = ErrorNumberOf([&] {
+                if (name == "dir") {
+                    answer = Dir(first.isEmpty() ? QString() : at(first));
+                } else if (name == "dir\\") {
+                    answer = Dir(at(first).replace('/', '\\'));
+                } else if (name == "path") {
+                    answer = PathOnDisk(at(first)).replace(QDir::toNativeSeparators(root.path()),
+                                                           "<root>");
+                } else if (name == "copy") {
+                    FileCopy(at(first), at(second));
+                } else if (name == "kill") {
+                    Kill(at(first));
+                } else if (name == "name") {
+                    Name(at(first), at(second));
+                } else {
+                    MkDir(at(first));
+                }
+            });
+            QStringList changes;
+            const QStringList after = Listing(root.path());
+            for (const QString& entry : before) {
+                changes << (after.contains(entry) ? QString() : "-" + entry);
+            }
+            for (const QString& entry : after) {
+                changes << (before.contains(entry) ? QString() : "+" + entry);
+            }
+            changes.removeAll(QString());
+            outcomes << QStringLiteral("%1: \"%2\", error %3").arg(asked, answer).arg(error) +
+                            (changes.isEmpty() ? "" : "; " + changes.join(' '));
+        }
+        QCOMPARE(outcomes, testing::ReferenceLines("file-routines.txt", outcomes));
     }
 };
 

@@ -1,72 +1,29 @@
+// The desktop's own message box and printer list, as the running program
+// meets them.
 #include "platform/services_gui.h"
-#include "support/scripted_services.h"
+#include "support/shell_testing.h"
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QProcess>
+#include <QMetaEnum>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 using namespace quillon;
 
-// Test cases that must fail: run in a second process of this program, so that
-// their failures don't count against this one, and checked from the outside.
-class ProbeTests : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void unqueuedMessage() {
-        ScriptedServices services;
-        const int answer = MsgBox("Delete all clients?", vbYesNoCancel | vbQuestion);
-        qDebug("returned %d", answer);
-    }
-    void unqueuedMessageInEventHandler() {
-        ScriptedServices services;
-        bool handled = false;
-        QTimer::singleShot(0, [&] {
-            MsgBox("Raised from a timer", vbYesNo);
-            handled = true;
-        });
-        QTRY_VERIFY(handled);
-        qDebug("handler finished");
-    }
-    void unusedAnswer() {
-        ScriptedServices services;
-        services.messages.Answer(vbYes);
-    }
-    void unqueuedFileDialog() {
-        ScriptedServices services;
-        const QString path = CurrentServices().fileDialogs->OpenFileName("Pick a backup", "", "");
-        qDebug("returned \"%s\"", qPrintable(path));
-    }
-    void unusedFileDialogAnswer() {
-        ScriptedServices services;
-        services.fileDialogs.Answer("/tmp/x.mdb");
-    }
-    void everyAnswerUsed() {
-        ScriptedServices services;
-        services.messages.Answer(vbOK);
-        services.fileDialogs.Answer("/tmp/x.mdb");
-        MsgBox("Fine");
-        CurrentServices().fileDialogs->SaveFileName("Save", "", "");
-    }
-};
-
 namespace {
 
-struct SeenBox {
-    bool seen = false;
-    QString title;
-    QString text;
-    QList<QMessageBox::StandardButton> buttons;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
-};
+// The name of a button or icon, as QMessageBox knows it.
+QString KeyOf(int value, const char* enumeration = "StandardButtons") {
+    const QMetaObject& meta = QMessageBox::staticMetaObject;
+    return QString::fromLatin1(
+        meta.enumerator(meta.indexOfEnumerator(enumeration)).valueToKey(value));
+}
 
-// Waits for the next message box, notes what it shows, then presses `press`,
-// or Escape when `press` is NoButton.
-void AnswerNextBox(SeenBox* seen, QMessageBox::StandardButton press, int triesLeft = 200) {
+// Once the next message box is up: what it shows, then a press of `press`,
+// or of Escape when `press` is NoButton.
+void AnswerNextBox(QString* seen, QMessageBox::StandardButton press, int triesLeft = 200) {
     QTimer::singleShot(0, [=] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (box == nullptr) {
@@ -75,15 +32,15 @@ void AnswerNextBox(SeenBox* seen, QMessageBox::StandardButton press, int triesLe
             }
             return;
         }
-        seen->seen = true;
-        seen->title = box->windowTitle();
-        seen->text = box->text();
+        QStringList buttons;
         for (QAbstractButton* button : box->buttons()) {
-            seen->buttons.append(box->standardButton(button));
+            buttons << KeyOf(box->standardButton(button));
         }
-        std::sort(seen->buttons.begin(), seen->buttons.end());
-        seen->icon = box->icon();
-        seen->defaultButton = box->standardButton(box->defaultButton());
+        buttons.sort();
+        *seen =
+            QStringLiteral("\"%1\" \"%2\": %3, icon %4, default %5")
+                .arg(box->windowTitle(), box->text().replace('\n', '|'), buttons.join('+'),
+                     KeyOf(box->icon(), "Icon"), KeyOf(box->standardButton(box->defaultButton())));
         if (press == QMessageBox::NoButton) {
             QTest::keyClick(box, Qt::Key_Escape);
         } else {
@@ -92,191 +49,39 @@ void AnswerNextBox(SeenBox* seen, QMessageBox::StandardButton press, int triesLe
     });
 }
 
-using ButtonList = QList<QMessageBox::StandardButton>;
-
-// The outcome of each probe, read from the probe run's log.
-bool Failed(const QString& log, const char* probe) {
-    return log.contains(QStringLiteral("FAIL!  : ProbeTests::%1()").arg(probe));
-}
-
 }  // namespace
 
 class TestServices : public QObject {
     Q_OBJECT
 
-private:
-    QString probeLog_;
-    int probeExitCode_ = -1;
-
 private Q_SLOTS:
-    void initTestCase() {
-        QProcess probe;
-        probe.setProcessChannelMode(QProcess::MergedChannels);
-        probe.start(QCoreApplication::applicationFilePath(), {"--probe"});
-        QVERIFY(probe.waitForFinished(60000));
-        probeLog_ = QString::fromLocal8Bit(probe.readAll());
-        probeExitCode_ = probe.exitCode();
-    }
-
-    void unexpectedMessageFailsTheTestAndReturnsTheEscapeAnswer() {
-        QVERIFY2(Failed(probeLog_, "unqueuedMessage"), qPrintable(probeLog_));
-        QVERIFY(probeLog_.contains("Unexpected message box: \"Delete all clients?\""));
-        QVERIFY(probeLog_.contains(QStringLiteral("returned %1").arg(vbCancel)));
-    }
-
-    void unexpectedMessageInAnEventHandlerFailsWithoutHanging() {
-        QVERIFY2(Failed(probeLog_, "unqueuedMessageInEventHandler"), qPrintable(probeLog_));
-        QVERIFY(probeLog_.contains("Raised from a timer"));
-        QVERIFY(probeLog_.contains("handler finished"));
-    }
-
-    void unusedAnswersFailTheTest() {
-        QVERIFY2(Failed(probeLog_, "unusedAnswer"), qPrintable(probeLog_));
-        QVERIFY2(Failed(probeLog_, "unusedFileDialogAnswer"), qPrintable(probeLog_));
-    }
-
-    void unexpectedFileDialogFailsTheTestAndCancels() {
-        QVERIFY2(Failed(probeLog_, "unqueuedFileDialog"), qPrintable(probeLog_));
-        QVERIFY(probeLog_.contains("Unexpected file dialog: \"Pick a backup\""));
-        QVERIFY(probeLog_.contains("returned \"\""));
-    }
-
-    void usedAnswersPass() {
-        QVERIFY2(probeLog_.contains("PASS   : ProbeTests::everyAnswerUsed()"),
-                 qPrintable(probeLog_));
-        QCOMPARE(probeExitCode_, 5);  // the five failing probes
-    }
-
-    void messagesAnswerInOrderAndAreRecorded() {
-        ScriptedServices services;
-        services.messages.Answer(vbYes);
-        services.messages.Answer(vbCancel);
-        QCOMPARE(MsgBox("First?", vbYesNo | vbQuestion, "Delete"), int(vbYes));
-        QCOMPARE(MsgBox("Second?", vbOKCancel), int(vbCancel));
-        Beep();
-        Beep();
-        QCOMPARE(services.messages.Count(), 2);
-        const ShownMessage first = services.messages.Shown().first();
-        QCOMPARE(first.prompt, QString("First?"));
-        QCOMPARE(first.style, vbYesNo | vbQuestion);
-        QCOMPARE(first.title, QString("Delete"));
-        QCOMPARE(services.messages.Last().title, QString("Quillon"));
-        QCOMPARE(services.messages.Beeps(), 2);
-    }
-
-    void scopesRestoreWhatWasInstalled() {
-        ScriptedServices outer;
-        {
-            ScriptedServices inner;
-            Beep();
-            QCOMPARE(inner.messages.Beeps(), 1);
-        }
-        Beep();
-        QCOMPARE(outer.messages.Beeps(), 1);
-        QCOMPARE(CurrentServices().messages, &outer.messages);
-    }
-
-    void fileDialogsAnswerInOrderAndRecordTheirKind() {
-        ScriptedServices services;
-        services.fileDialogs.Answer("/data/QUILL020.MDB");
-        services.fileDialogs.Answer("");
-        FileDialogService& dialogs = *CurrentServices().fileDialogs;
-        QCOMPARE(dialogs.OpenFileName("Open", "/data", "Databases (*.mdb)"),
-                 QString("/data/QUILL020.MDB"));
-        QCOMPARE(dialogs.FolderName("Folder", "/data"), QString());
-        QCOMPARE(services.fileDialogs.Shown().size(), 2);
-        QCOMPARE(services.fileDialogs.Shown().at(0).kind, FileDialogKind::Open);
-        QCOMPARE(services.fileDialogs.Shown().at(0).filter, QString("Databases (*.mdb)"));
-        QCOMPARE(services.fileDialogs.Shown().at(1).kind, FileDialogKind::Folder);
-    }
-
-    void clipboardClockPrintersAndProgramsAreScripted() {
-        ScriptedServices services;
-        CurrentServices().clipboard->SetText("Smith, John");
-        QCOMPARE(services.clipboard.Text(), QString("Smith, John"));
-        CurrentServices().clipboard->Clear();
-        QCOMPARE(services.clipboard.Text(), QString());
-
-        QCOMPARE(Today(), QDate(2015, 6, 15));
-        services.clock.SetToday(QDate(2016, 4, 5));
-        QCOMPARE(Today(), QDate(2016, 4, 5));
-        QCOMPARE(Now(), QDateTime(QDate(2016, 4, 5), QTime(10, 30)));
-
-        QCOMPARE(CurrentServices().printers->PrinterNames(), QStringList{"Quillon PDF"});
-        services.printers.Set({"Laser", "Quillon PDF"}, "Laser");
-        QCOMPARE(CurrentServices().printers->DefaultPrinterName(), QString("Laser"));
-
-        services.programs.SetInstalled("wordpad.exe", "/apps/wordpad.exe");
-        ProgramService& programs = *CurrentServices().programs;
-        QCOMPARE(programs.FindProgram("wordpad.exe"), QString("/apps/wordpad.exe"));
-        QCOMPARE(programs.FindProgram("winword.exe"), QString());
-        QVERIFY(programs.StartProgram("/apps/wordpad.exe", {"CLetter1.wri"}));
-        services.programs.SetResult(false);
-        QVERIFY(!programs.OpenDocument("/docs/Preview.pdf"));
-        QCOMPARE(services.programs.Started().size(), 1);
-        QCOMPARE(services.programs.Started().first().arguments, QStringList{"CLetter1.wri"});
-        QCOMPARE(services.programs.Opened(), QStringList{"/docs/Preview.pdf"});
-    }
-
-    void desktopMessageBoxFollowsTheStyle_data() {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<ButtonList>("buttons");
-        QTest::addColumn<int>("icon");
-        QTest::addColumn<int>("defaultButton");
-        QTest::addColumn<int>("press");
-        QTest::addColumn<int>("answer");
-        using B = QMessageBox;
-        QTest::newRow("ok, information")
-            << int(vbOKOnly | vbInformation) << ButtonList{B::Ok} << int(B::Information)
-            << int(B::Ok) << int(B::Ok) << int(vbOK);
-        QTest::newRow("ok, escape") << int(vbOKOnly) << ButtonList{B::Ok} << int(B::NoIcon)
-                                    << int(B::Ok) << int(B::NoButton) << int(vbOK);
-        QTest::newRow("ok/cancel, second default, escape")
-            << int(vbOKCancel | vbCritical | vbDefaultButton2) << ButtonList{B::Ok, B::Cancel}
-            << int(B::Critical) << int(B::Cancel) << int(B::NoButton) << int(vbCancel);
-        QTest::newRow("abort/retry/ignore, third default")
-            << int(vbAbortRetryIgnore | vbExclamation | vbDefaultButton3)
-            << ButtonList{B::Abort, B::Retry, B::Ignore} << int(B::Warning) << int(B::Ignore)
-            << int(B::Retry) << int(vbRetry);
-        QTest::newRow("abort/retry/ignore, escape")
-            << int(vbAbortRetryIgnore) << ButtonList{B::Abort, B::Retry, B::Ignore}
-            << int(B::NoIcon) << int(B::Abort) << int(B::NoButton) << int(vbAbort);
-        QTest::newRow("yes/no/cancel, second default")
-            << int(vbYesNoCancel | vbQuestion | vbDefaultButton2)
-            << ButtonList{B::Yes, B::No, B::Cancel} << int(B::Question) << int(B::No) << int(B::Yes)
-            << int(vbYes);
-        QTest::newRow("yes/no/cancel, escape")
-            << int(vbYesNoCancel) << ButtonList{B::Yes, B::No, B::Cancel} << int(B::NoIcon)
-            << int(B::Yes) << int(B::NoButton) << int(vbCancel);
-        QTest::newRow("yes/no, escape")
-            << int(vbYesNo | vbQuestion) << ButtonList{B::Yes, B::No} << int(B::Question)
-            << int(B::Yes) << int(B::NoButton) << int(vbNo);
-        QTest::newRow("yes/no, third default falls back to first")
-            << int(vbYesNo | vbDefaultButton3) << ButtonList{B::Yes, B::No} << int(B::NoIcon)
-            << int(B::Yes) << int(B::No) << int(vbNo);
-        QTest::newRow("retry/cancel")
-            << int(vbRetryCancel) << ButtonList{B::Retry, B::Cancel} << int(B::NoIcon)
-            << int(B::Retry) << int(B::Cancel) << int(vbCancel);
-    }
+    // For each style and the button pressed (Escape when none), the reference
+    // file holds the box shown, its text as plain text, and the answer.
     void desktopMessageBoxFollowsTheStyle() {
-        QFETCH(int, style);
-        QFETCH(ButtonList, buttons);
-        QFETCH(int, icon);
-        QFETCH(int, defaultButton);
-        QFETCH(int, press);
-        QFETCH(int, answer);
-        DesktopMessages messages;
-        SeenBox seen;
-        AnswerNextBox(&seen, QMessageBox::StandardButton(press));
-        const int result = messages.MsgBox("Line one\n<b>not bold</b>", style, "Client list");
-        QVERIFY(seen.seen);
-        QCOMPARE(result, answer);
-        std::sort(buttons.begin(), buttons.end());
-        QCOMPARE(seen.buttons, buttons);
-        QCOMPARE(int(seen.icon), icon);
-        QCOMPARE(int(seen.defaultButton), defaultButton);
-        QCOMPARE(seen.title, QString("Client list"));
-        QCOMPARE(seen.text, QString("Line one\n<b>not bold</b>"));
+        using B = QMessageBox;
+        const std::pair<int, B::StandardButton> cases[] = {
+            {vbOKOnly | vbInformation, B::Ok},
+            {vbOKOnly, B::NoButton},
+            {vbOKCancel | vbCritical | vbDefaultButton2, B::NoButton},
+            {vbAbortRetryIgnore | vbExclamation | vbDefaultButton3, B::Retry},
+            {vbAbortRetryIgnore, B::NoButton},
+            {vbYesNoCancel | vbQuestion | vbDefaultButton2, B::Yes},
+            {vbYesNoCancel, B::NoButton},
+            {vbYesNo | vbQuestion, B::NoButton},
+            {vbYesNo | vbDefaultButton3, B::No},
+            {vbRetryCancel, B::Cancel}};
+        QStringList outcomes;
+        for (const auto& [style, press] : cases) {
+            QString seen = QStringLiteral("no box");
+            AnswerNextBox(&seen, press);
+            const int answer =
+                DesktopMessages().MsgBox("Line one\n<b>not bold</b>", style, "Client list");
+            outcomes << QStringLiteral("style %1, %2 pressed: %3; answers %4")
+                            .arg(style)
+                            .arg(press == B::NoButton ? "Escape" : KeyOf(press), seen)
+                            .arg(answer);
+        }
+        QCOMPARE(outcomes, testing::ReferenceLines("message-boxes.txt", outcomes));
     }
 
     void desktopPrinterListAlwaysHoldsThePdfPrinter() {
@@ -286,14 +91,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char* argv[]) {
-    QApplication app(argc, argv);
-    if (argc > 1 && qstrcmp(argv[1], "--probe") == 0) {
-        ProbeTests probe;
-        return QTest::qExec(&probe, QStringList{QString::fromLocal8Bit(argv[0])});
-    }
-    TestServices test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(TestServices)
 #include "test_services.moc"

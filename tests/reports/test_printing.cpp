@@ -328,10 +328,10 @@ private Q_SLOTS:
         VSEndDocument();
         QCOMPARE(desktop_.backend.jobs.size(), size_t(1));
         const PrintJob& job = desktop_.backend.jobs.front().job;
-        QCOMPARE(job.device, QStringLiteral("Office Laser"));
-        QCOMPARE(job.documentName, QStringLiteral("Diary Report"));
+        QCOMPARE(
+            QStringLiteral("%1, %2, sides %3").arg(job.device, job.documentName).arg(job.duplex),
+            "Office Laser, Diary Report, sides 1");
         QCOMPARE(job.pages, QList<int>({0, 1}));
-        QCOMPARE(job.duplex, 1);
         QCOMPARE(desktop_.backend.jobs.front().document.pages.at(1).ops.size(), size_t(1));
         desktop_.backend.failure = QStringLiteral("Out of paper");
         desktop_.services.messages.Answer(vbOK);
@@ -442,25 +442,6 @@ private Q_SLOTS:
             QStringLiteral("Printer: Office Laser\n\nError 482: Paper jam")));
     }
 
-    // Page 1 is tested first: a one-page document keeps Next and Last enabled.
-    void navigationFollowsThePage() {
-        MakeDocument(3);
-        frmVSPrint preview;
-        preview.UpdateNavigation();
-        QCOMPARE(Navigation(preview), QStringLiteral("1 of 3 --++"));
-        preview.cmdNext->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("2 of 3 ++++"));
-        preview.cmdLast->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("3 of 3 ++--"));
-        preview.cmdPrevious->click();
-        QCOMPARE(Navigation(preview), QStringLiteral("2 of 3 ++++"));
-        preview.cmdFirst->click();
-        QCOMPARE(VSDocumentControl().PreviewPage, 1);
-        MakeDocument(1);
-        preview.UpdateNavigation();
-        QCOMPARE(Navigation(preview), QStringLiteral("1 of 1 --++"));
-    }
-
     // The page is painted at the zoom: at 100 % a black square lands where its
     // millimetres say on a sheet of the screen's size.
     void pagesArePaintedAtTheZoom() {
@@ -500,20 +481,34 @@ private Q_SLOTS:
     }
 
     // The preview opens at 75 % of the page width, in the page order last used,
-    // no smaller than its floor and within the screen; it keeps its place, size
-    // and order when it closes.
-    void previewOpensAndClosesAsLastLeft() {
-        MakeDocument(1);
+    // no smaller than its floor and within the screen; its buttons follow the
+    // page, page 1 being tested first, so that a one-page document keeps Next
+    // and Last enabled; it keeps its place, size and order when it closes.
+    void previewOpensNavigatesAndCloses() {
+        MakeDocument(3);
         std::tie(VSPreviewWidth, VSPreviewHeight, VSPreviewLeft, VSPreviewTop) =
             std::tuple(100, 100, -3000, 150);
         ReportReverse = true;
         frmVSPrint preview;
-        QCOMPARE(preview.windowTitle(), QStringLiteral("Print Preview"));
+        QCOMPARE(preview.windowTitle(), "Print Preview");
         QCOMPARE(preview.cmbPercent->currentText() + preview.cmbZoomMode->currentText() +
                      preview.cmbPrint->currentText(),
-                 QStringLiteral("75%PageWidthReverse"));
+                 "75%PageWidthReverse");
         QVERIFY(!preview.cmbPercent->isEnabled());
         QCOMPARE(VSDocumentControl().ZoomMode, int(zmPageWidth));
+        preview.UpdateNavigation();
+        QCOMPARE(Navigation(preview), "1 of 3 --++");
+        preview.cmdNext->click();
+        QCOMPARE(Navigation(preview), "2 of 3 ++++");
+        preview.cmdLast->click();
+        QCOMPARE(Navigation(preview), "3 of 3 ++--");
+        preview.cmdPrevious->click();
+        QCOMPARE(Navigation(preview), "2 of 3 ++++");
+        preview.cmdFirst->click();
+        QCOMPARE(VSDocumentControl().PreviewPage, 1);
+        MakeDocument(1);
+        preview.UpdateNavigation();
+        QCOMPARE(Navigation(preview), "1 of 1 --++");
         preview.show();
         preview.cmbPrint->setCurrentIndex(0);
         preview.cmdClose->click();
@@ -634,29 +629,34 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(path).size() > 0);
     }
 
+    // Closing stores what stands on the screen; each tab shows its panel; a
+    // removed printer shows as the first, any other font as Times New Roman.
     void closingStoresWhatStandsOnTheScreen() {
         SetAwayFromDefaults(folder_);
         frmVSPrintSettings form;
-        form.cmbPrinter->setCurrentIndex(2);
-        form.optDuplexMode[1]->setChecked(true);
-        form.txtFile->setText(QStringLiteral("  Letters  "));
-        form.txtAlignH->setText(QStringLiteral("-1.25"));
-        Close(form);
-        QCOMPARE(VSPrinter, QString::fromLatin1(kPdfPrinterName));
-        QCOMPARE(VSDuplexMode, qint16(1));
-        QCOMPARE(VSPDFFileName, QStringLiteral("Letters"));
-        QCOMPARE(VSAlignTextX, -1.25);
-    }
-
-    void tabsShowTheirPanel() {
-        frmVSPrintSettings form;
-        QCOMPARE(form.tbsSettings->tabText(1), QStringLiteral("Print"));
+        QCOMPARE(form.tbsSettings->tabText(1), "Print");
         for (const auto& [tab, control] :
              {std::pair<int, QWidget*>{2, form.txtPDFScale}, {1, form.cmbPrinter}}) {
             form.tbsSettings->setCurrentIndex(tab);
             QVERIFY(form.panels->currentWidget() == form.picSettings[tab] &&
                     form.picSettings[tab]->isAncestorOf(control));
         }
+        form.cmbPrinter->setCurrentIndex(2);
+        form.optDuplexMode[1]->setChecked(true);
+        form.txtFile->setText("  Letters  ");
+        form.txtAlignH->setText("-1.25");
+        Close(form);
+        QCOMPARE(VSPrinter, QString::fromLatin1(kPdfPrinterName));
+        QCOMPARE(VSDuplexMode, qint16(1));
+        QCOMPARE(VSPDFFileName, "Letters");
+        QCOMPARE(VSAlignTextX, -1.25);
+        VSPrinter = "Removed Printer";
+        ReportFont = "Courier New";
+        frmVSPrintSettings again;
+        QCOMPARE(again.cmbPrinter->currentIndex(), 0);
+        QVERIFY(again.optFont[0]->isChecked());
+        Close(again);
+        QCOMPARE(VSPrinter, "Office Laser");
     }
 
     // What each box takes of the keys typed, and what leaving it leaves: the
@@ -683,51 +683,33 @@ private Q_SLOTS:
         QCOMPARE(outcomes, testing::ReferenceLines("report-settings-boxes.txt", outcomes));
     }
 
-    // Closing keeps every setting as the screen showed it; Defaults refused
-    // change nothing.
-    void closingAfterDefaultsRefusedKeepsEverySetting() {
-        desktop_.services.messages.Answer(vbNo);
-        SetAwayFromDefaults(folder_);
-        const QStringList before = Written(folder_);
-        frmVSPrintSettings form;
-        QCOMPARE(form.windowTitle(), QStringLiteral("Report Settings"));
-        form.cmdDefaults->click();
-        const ShownMessage asked = desktop_.services.messages.Last();
-        QCOMPARE(asked.prompt, QStringLiteral("All current Report Settings will be replaced with "
-                                              "their defaults.\n\nDo you wish to proceed?"));
-        QCOMPARE(asked.title, QStringLiteral("Report Settings"));
-        QCOMPARE(asked.style, vbYesNo | vbQuestion | vbDefaultButton2);
-        Close(form);
-        QCOMPARE(Written(folder_), before);
-        QVERIFY(DisableChildBenefitMessage);
-    }
-
-    // The controls take the defaults; the settings get them when the form closes.
-    void defaultsAcceptedAreStoredOnClosing() {
+    // Defaults refused change nothing: closing keeps every setting as the
+    // screen showed it. Accepted, the controls take the defaults and the
+    // settings get them when the form closes.
+    void defaultsAreAskedForAndStoredOnClosing() {
         SetDefaults();
         // Where the screen's defaults are not the file's.
-        VSPrinter = QStringLiteral("Office Laser");
-        ReportFont = QStringLiteral("Times New Roman");
+        VSPrinter = "Office Laser";
+        ReportFont = "Times New Roman";
         const QStringList defaults = Written(folder_);
         SetAwayFromDefaults(folder_);
-        desktop_.services.messages.Answer(vbYes);
-        frmVSPrintSettings form;
-        form.cmdDefaults->click();
-        QCOMPARE(VSScale, 105.0);
-        Close(form);
-        QCOMPARE(Written(folder_), defaults);
-        QVERIFY(!DisableChildBenefitMessage);
-    }
-
-    // A removed printer shows as the first; any other font as Times New Roman.
-    void unknownSettingsShowAsTheFirstChoice() {
-        VSPrinter = QStringLiteral("Removed Printer");
-        ReportFont = QStringLiteral("Courier New");
-        frmVSPrintSettings form;
-        QCOMPARE(form.cmbPrinter->currentIndex(), 0);
-        QVERIFY(form.optFont[0]->isChecked());
-        Close(form);
-        QCOMPARE(VSPrinter, QStringLiteral("Office Laser"));
+        const QStringList before = Written(folder_);
+        for (const int answer : {vbNo, vbYes}) {
+            desktop_.services.messages.Answer(answer);
+            frmVSPrintSettings form;
+            QCOMPARE(form.windowTitle(), "Report Settings");
+            form.cmdDefaults->click();
+            const ShownMessage asked = desktop_.services.messages.Last();
+            QCOMPARE(asked.prompt,
+                     "All current Report Settings will be replaced with their "
+                     "defaults.\n\nDo you wish to proceed?");
+            QCOMPARE(asked.title, "Report Settings");
+            QCOMPARE(asked.style, vbYesNo | vbQuestion | vbDefaultButton2);
+            QCOMPARE(VSScale, 105.0);  // the settings change only on closing
+            Close(form);
+            QCOMPARE(Written(folder_), answer == vbNo ? before : defaults);
+            QCOMPARE(DisableChildBenefitMessage, answer == vbNo);
+        }
     }
 };
 

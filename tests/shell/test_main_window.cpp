@@ -72,6 +72,19 @@ QString Enabled(const frmQuillon* main, const QStringList& names) {
     return on.size() == names.size() ? "all" : on.isEmpty() ? "none" : on.join(' ');
 }
 
+// The file menu's database items shown, the ticked one in brackets.
+QString FileMenu(const frmQuillon* main) {
+    QStringList items;
+    for (int n = 1; n <= kDatabaseSlots; ++n) {
+        const QAction* item = main->mnuAltFile[n];
+        const QString text = item->isVisible() ? item->text() : "hidden " + item->text();
+        if (item->isVisible() || item->isChecked()) {
+            items << (item->isChecked() ? "[" + text + "]" : text);
+        }
+    }
+    return items.join(", ");
+}
+
 QByteArray FileBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -263,17 +276,6 @@ private Q_SLOTS:
         QCOMPARE(outcomes, ReferenceLines(QStringLiteral("main-window-load.txt"), outcomes));
     }
 
-    void theLoadedWindowShowsItsCaptionsAndVersion() {
-        auto* main = LoadForm<frmQuillon>();
-        QVERIFY(!main->Command("mnuTransfer")->isVisible());
-        QCOMPARE(main->Command("mnuDiv3")->text(), QStringLiteral("&3 2013-14"));
-        QCOMPARE(main->Command("cm3User")->text(), UserTitle);
-        QCOMPARE(main->Command("mnuUser")->text(), QStringLiteral("&7 ") + UserTitle);
-        QCOMPARE(main->pnlVersion->text(), QStringLiteral(QUILLON_VERSION));
-        QCOMPARE(ActiveSection, qint16(0));
-        QVERIFY(main->isMaximized());
-    }
-
     // The tick counts filled slots, so a gap moves it onto a later item.
     void fileMenuTickFallsByTheCountOfFilledSlots() {
         for (int n : {3, 4, 5}) {
@@ -282,18 +284,7 @@ private Q_SLOTS:
         }
         SelectedFile = 4;
         auto* main = LoadForm<frmQuillon>();
-        QStringList ticked;
-        QStringList shown;
-        for (int n = 1; n <= kDatabaseSlots; ++n) {
-            if (main->mnuAltFile[n]->isChecked()) {
-                ticked << main->mnuAltFile[n]->text();
-            }
-            if (main->mnuAltFile[n]->isVisible()) {
-                shown << main->mnuAltFile[n]->text();
-            }
-        }
-        QCOMPARE(ticked, QStringList{"Slot 5"});
-        QCOMPARE(shown, (QStringList{"Default Database", "Slot 3", "Slot 4", "Slot 5"}));
+        QCOMPARE(FileMenu(main), "Default Database, Slot 3, Slot 4, [Slot 5]");
         QCOMPARE(main->windowTitle(), QStringLiteral("Quillon - Slot 4"));
     }
 
@@ -345,8 +336,17 @@ private Q_SLOTS:
         QVERIFY(main->mdiArea->geometry().top() >= main->pnlToolBar->geometry().bottom());
     }
 
+    // The loaded window shows its captions and version; the view items
+    // toggle and are saved at once.
     void viewItemsToggleAndSaveAtOnce() {
         auto* main = LoadForm<frmQuillon>();
+        QVERIFY(!main->Command("mnuTransfer")->isVisible());
+        QCOMPARE(main->Command("mnuDiv3")->text(), QStringLiteral("&3 2013-14"));
+        QCOMPARE(main->Command("cm3User")->text(), UserTitle);
+        QCOMPARE(main->Command("mnuUser")->text(), QStringLiteral("&7 ") + UserTitle);
+        QCOMPARE(main->pnlVersion->text(), QStringLiteral(QUILLON_VERSION));
+        QCOMPARE(ActiveSection, qint16(0));
+        QVERIFY(main->isMaximized());
         main->Command("mnuToolbar")->trigger();
         QVERIFY(!main->pnlToolBar->isVisible());
         QVERIFY(folder_->ConfigText().contains("\r\nVIEW TOOLBAR=False\r\n"));
@@ -420,27 +420,6 @@ private Q_SLOTS:
         QVERIFY(folder_->ConfigText().contains("\r\nTAX YEAR=2014\r\n"));
     }
 
-    void clientListIsPlacedAtTheLeftAndRefreshedWhenShownAgain() {
-        ApplicationMaximised = false;
-        ApplicationWidth = 9000;
-        ApplicationHeight = 7500;
-        auto* main = LoadForm<frmQuillon>();
-        main->Command("mnuClients")->trigger();
-        QWidget* clients = LoadedForm("frmClients");
-        QVERIFY(clients && ChildWindow(clients)->isVisible());
-        const QRect place = ChildWindow(clients)->geometry();
-        QCOMPARE(place.topLeft(), QPoint(0, 0));
-        QCOMPARE(place.width(), 451);  // 6765 twips
-        const int expectedHeight =
-            500 - 60 - main->pnlToolBar->height() - main->sbStatusBar->height();
-        QCOMPARE(place.height(), expectedHeight);
-        auto* refresh = clients->findChild<QTimer*>("tmrRefresh");
-        QVERIFY(!refresh->isActive());
-        main->Command("cm3Clients")->trigger();
-        QVERIFY(refresh->isActive());
-        QCOMPARE(refresh->interval(), 100);
-    }
-
     void switchingSlotsTakesTheFirstClientAndSaves() {
         const QString second = folder_->Sibling("Second");
         QFile::copy(folder_->File("QUILL020.MDB"), second + "/QUILL020.MDB");
@@ -456,8 +435,7 @@ private Q_SLOTS:
         QCOMPARE(main->windowTitle(), QStringLiteral("Quillon - Second Practice"));
         QVERIFY(!LoadedForm("frmOffices"));
         QVERIFY(CurrentLast != QStringLiteral("Else"));
-        QVERIFY(main->mnuAltFile[2]->isChecked());
-        QVERIFY(!main->mnuAltFile[1]->isChecked());
+        QCOMPARE(FileMenu(main), "Default Database, [Second Practice]");
         QVERIFY(folder_->ConfigText().contains("\r\nSELECTED FILE=2\r\n"));
         QVERIFY(QFile::exists(second + "/BACKUP15.MDB"));
         QCOMPARE(services_->messages.Count(), 0);
@@ -466,13 +444,21 @@ private Q_SLOTS:
         folder_->WriteConfig("untouched");
         CurrentFirst = QStringLiteral("Kept");
         main->mnuAltFile[2]->trigger();
-        QVERIFY(main->mnuAltFile[2]->isChecked());
+        QCOMPARE(FileMenu(main), "Default Database, [Second Practice]");
         QCOMPARE(CurrentFirst, QStringLiteral("Kept"));
         QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
     }
 
+    // The Folder Manager and the Report Settings open modally from the menu,
+    // and Cancel changes nothing; OK keeps the selected folder and cleans paths.
     void folderManagerKeepsTheSelectedFolderAndCleansPaths() {
         auto* main = LoadForm<frmQuillon>();
+        folder_->WriteConfig("untouched");
+        clickInModal("cmdCancel", [main] { main->Command("mnuManager")->trigger(); });
+        FlushUnloadedForms();
+        QVERIFY(!LoadedForm("frmFolderManager"));
+        QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
+        clickInModal("cmdClose", [main] { main->Command("mnuSettingsReports")->trigger(); });
         auto* manager = LoadForm<frmFolderManager>();
         QCOMPARE(manager->windowTitle(), QStringLiteral("Folder Manager"));
         QCOMPARE(manager->txtPath[1]->text(), folder_->Path());
@@ -490,21 +476,8 @@ private Q_SLOTS:
         QCOMPARE(DatabaseFolder[1], folder_->Path());
         QCOMPARE(DatabaseFolder[2], QStringLiteral("/srv/archive"));
         QCOMPARE(main->windowTitle(), QStringLiteral("Quillon - Main Office"));
-        QVERIFY(main->mnuAltFile[2]->isVisible());
-        QCOMPARE(main->mnuAltFile[2]->text(), QStringLiteral("Archive"));
+        QCOMPARE(FileMenu(main), "[Main Office], Archive");
         QVERIFY(folder_->ConfigText().contains("\r\nPATH 2=/srv/archive\r\n"));
-    }
-
-    // The Folder Manager and the Report Settings open modally from the menu;
-    // Cancel changes nothing.
-    void dialogsOpenModallyFromTheMenu() {
-        auto* main = LoadForm<frmQuillon>();
-        folder_->WriteConfig("untouched");
-        clickInModal("cmdCancel", [main] { main->Command("mnuManager")->trigger(); });
-        FlushUnloadedForms();
-        QVERIFY(!LoadedForm("frmFolderManager"));
-        QCOMPARE(folder_->ConfigText(), QByteArray("untouched"));
-        clickInModal("cmdClose", [main] { main->Command("mnuSettingsReports")->trigger(); });
     }
 
     void aboutBoxTellsTheVersionAndFindsNoSystemInformation() {
