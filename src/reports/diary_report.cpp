@@ -68,6 +68,7 @@ QString Conditions(const DiaryReportSheet& sheet) {
 void DrawRules() {
     VSDrawHLine(kThick, kLeft, kRight, kTableTop);
     VSDrawHLine(kThick, kLeft, kRight, kHeadsFoot);
+    // A thin rule 1 mm below each baseline but the last, whose rule is the foot's.
     for (int row = 0; row < kDiaryReportLines - 1; ++row) {
         VSDrawHLine(kThin, kLeft, kRight, Baseline(row) + 1);
     }
