@@ -1,6 +1,7 @@
 #include "reports/report_forms_gui.h"
 
 #include "reports/frmClientRecords.h"
+#include "reports/frmDiaryReport.h"
 #include "reports/frmForm64_8.h"
 #include "reports/frmVSPrintSettings.h"
 
@@ -11,6 +12,7 @@ std::span<const FormRow> ReportForms() {
         DialogForm<frmVSPrintSettings>(),
         DialogForm<frmForm64_8>(),
         ChildForm<frmClientRecords>(),
+        DialogForm<frmDiaryReport>(),
     };
     return forms;
 }
