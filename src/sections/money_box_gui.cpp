@@ -12,15 +12,9 @@ namespace quillon {
 MoneyBox::MoneyBox(QLineEdit* box, std::function<void()> left)
     : QObject(box), box_(box), left_(std::move(left)) {
     UseMoneyFont(box);
-    // A full box is judged by what stays of it: typed over a selection, the
-    // key replaces what is selected.
-    InstallKeyRoutine(box, [box](int& key) {
-        QString kept = box->text();
-        if (box->hasSelectedText()) {
-            kept.remove(box->selectionStart(), box->selectedText().size());
-        }
-        MoneyKeyFilter(kept, key);
-    });
+    // A full box takes no key, a selection notwithstanding, as it always has:
+    // a figure is emptied before it is typed anew.
+    InstallKeyRoutine(box, [box](int& key) { MoneyKeyFilter(box->text(), key); });
     box->installEventFilter(this);
 }
 
