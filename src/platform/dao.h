@@ -90,7 +90,8 @@ public:
     QString Name() const;
     DataType Type() const;
     int Size() const;  // width of a text field, 0 for other types
-    QVariant Value() const;
+    // The value as the recordset holds it, until it moves or the field is set.
+    const QVariant& Value() const;
     bool IsNull() const { return Value().isNull(); }
     // Allowed only between Edit/AddNew and Update; a null QVariant stores Null.
     void SetValue(const QVariant& value);

@@ -34,10 +34,18 @@ QString QuotedName(const QString& identifier) {
 }
 
 int TableInfo::FieldOrdinal(const QString& fieldName) const {
+    // A walk asks for the same few names row after row, each from one place;
+    // the place is only a hint, the name itself decides.
+    NameHint& hint = nameHints[size_t(quintptr(fieldName.constData()) >> 4) % nameHints.size()];
+    if (hint.place == fieldName.constData() && hint.ordinal >= 0 &&
+        fields[size_t(hint.ordinal)].name == fieldName) {
+        return hint.ordinal;
+    }
     // Callers nearly always spell a field as it was made; only the others pay
     // for folding the case.
     for (size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].name == fieldName) {
+            hint = {fieldName.constData(), int(i)};
             return int(i);
         }
     }
@@ -289,9 +297,77 @@ void Query::Run(const QString& subject, const TableInfo* table) {
     }
 }
 
+namespace {
+
+// A text as a value of its field: dates are kept in ISO form.
+QVariant TextValue(const char* text, int size, DataType type) {
+    // Moved in: the variant's own copy would cost a count up and one down.
+    QVariant value{QString()};
+    QString& string = *static_cast<QString*>(value.data());
+    string = QString::fromUtf8(text, size);
+    if (type == dbDate) {
+        const QDateTime when = QDateTime::fromString(string, Qt::ISODate);
+        if (when.isValid()) {
+            return QVariant(when);
+        }
+    }
+    return value;
+}
+
+}  // namespace
+
+StoredCell StoreColumn(sqlite3_stmt* statement, int column, DataType type, std::string& texts) {
+    StoredCell cell;
+    const bool textual = type == dbText || type == dbMemo || type == dbDate;
+    if (!textual && sqlite3_column_type(statement, column) == SQLITE_NULL) {
+        return cell;
+    }
+    switch (type) {
+        case dbBoolean:
+        case dbByte:
+        case dbInteger:
+        case dbLong:
+            cell.kind = StoredCell::Integer;
+            cell.integer = sqlite3_column_int64(statement, column);
+            return cell;
+        case dbCurrency:
+        case dbSingle:
+        case dbDouble:
+            cell.kind = StoredCell::Real;
+            cell.real = sqlite3_column_double(statement, column);
+            return cell;
+        case dbDate:
+        case dbText:
+        case dbMemo:
+            break;
+    }
+    const char* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    if (text == nullptr) {
+        return cell;  // Null
+    }
+    cell.kind = StoredCell::Text;
+    cell.size = sqlite3_column_bytes(statement, column);
+    cell.offset = qsizetype(texts.size());
+    texts.append(text, size_t(cell.size));
+    return cell;
+}
+
+QVariant StoredValue(const StoredCell& cell, DataType type, const std::string& texts) {
+    switch (cell.kind) {
+        case StoredCell::Null:
+            return QVariant();
+        case StoredCell::Integer:
+            return type == dbBoolean ? QVariant(cell.integer != 0) : QVariant(int(cell.integer));
+        case StoredCell::Real:
+            return QVariant(cell.real);
+        case StoredCell::Text:
+            break;
+    }
+    return TextValue(texts.data() + cell.offset, cell.size, type);
+}
+
 QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type) {
-    const int storage = sqlite3_column_type(statement, column);
-    if (storage == SQLITE_NULL) {
+    if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
         return QVariant();
     }
     switch (type) {
@@ -312,12 +388,7 @@ QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type) {
     }
     // The file holds UTF-8: read as it is stored, the engine has no copy to make.
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    QString value = QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
-    if (type == dbDate) {
-        const QDateTime when = QDateTime::fromString(value, Qt::ISODate);
-        return when.isValid() ? QVariant(when) : QVariant(value);
-    }
-    return QVariant(std::move(value));
+    return TextValue(text, sqlite3_column_bytes(statement, column), type);
 }
 
 void BindValue(sqlite3_stmt* statement, int position, const QVariant& value) {

@@ -205,7 +205,7 @@ void RecordsetState::EndEditQuietly() noexcept {
     }
 }
 
-QVariant RecordsetState::FieldValue(int ordinal) {
+const QVariant& RecordsetState::FieldValue(int ordinal) {
     if (editMode != dbEditNone) {
         RequireOpen();
         return buffer[ordinal];
@@ -372,7 +372,7 @@ int Field::Size() const {
     return field.type == dbText ? field.size : 0;
 }
 
-QVariant Field::Value() const {
+const QVariant& Field::Value() const {
     return state_->FieldValue(ordinal_);
 }
 

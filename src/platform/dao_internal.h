@@ -12,8 +12,10 @@
 
 #include <sqlite3.h>
 
+#include <array>
 #include <chrono>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace quillon::dao {
@@ -35,6 +37,12 @@ struct TableInfo {
     std::vector<IndexInfo> indexes;
 
     int FieldOrdinal(const QString& fieldName) const;  // -1 when there is none
+    // Where the names last asked for stood, and their fields.
+    struct NameHint {
+        const QChar* place = nullptr;
+        int ordinal = -1;
+    };
+    mutable std::array<NameHint, 8> nameHints{};
     const IndexInfo* FindIndex(const QString& indexName) const;
     // The unique index whose key fields are exactly `fieldNames` (any order).
     const IndexInfo* UniqueIndexOn(const QStringList& fieldNames) const;
@@ -118,6 +126,22 @@ private:
 };
 
 QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type);
+
+// A column's value as the engine gave it, kept until it is wanted: the rows read
+// ahead hold their texts as the file stores them, in one buffer, and become
+// values one row at a time as a walk reaches them.
+struct StoredCell {
+    enum Kind : quint8 { Null, Integer, Real, Text };
+    Kind kind = Null;
+    int size = 0;  // of a text
+    union {
+        qint64 integer = 0;
+        double real;
+        qsizetype offset;  // of a text in the buffer
+    };
+};
+StoredCell StoreColumn(sqlite3_stmt* statement, int column, DataType type, std::string& texts);
+QVariant StoredValue(const StoredCell& cell, DataType type, const std::string& texts);
 void BindValue(sqlite3_stmt* statement, int position, const QVariant& value);
 
 struct RecordsetState {
@@ -144,16 +168,18 @@ struct RecordsetState {
     // Rows that follow the current one, read with it so that a walk with
     // MoveNext does not pay for a query per row. They serve only a MoveNext
     // that comes soon after and with no write of ours in between.
-    // They stand in one buffer, a row's fields one after the other, so that a
-    // step costs no allocation.
+    // They stand in one buffer, a row's fields one after the other, so that
+    // reading them costs no allocation of their own.
     struct RowsAhead {
         std::vector<qint64> rowids;
-        QVariantList cells;
+        std::vector<StoredCell> cells;
+        std::string texts;
         size_t next = 0;
         bool empty() const { return next >= rowids.size(); }
         void clear() {
             rowids.clear();
             cells.clear();
+            texts.clear();  // keeps its room for the next rows
             next = 0;
         }
     };
@@ -193,7 +219,7 @@ struct RecordsetState {
     // Reads the row at `statement`'s current step (rowid first, then the fields).
     void TakeRow(sqlite3_stmt* statement);
     QVariantList RowValues(sqlite3_stmt* statement) const;
-    void AppendRowValues(sqlite3_stmt* statement, QVariantList& cells) const;
+    void StoreRowAhead(sqlite3_stmt* statement);
     bool TakeRowAhead();  // false when no fresh row ahead is there
     void TakeNextRowAhead();
     void SetBeforeFirst(bool emptyToo);
@@ -210,7 +236,7 @@ struct RecordsetState {
     void EndEdit();  // drops the edit buffer and any Edit lock
     void EndEditQuietly() noexcept;
     bool RereadCurrentRow();
-    QVariant FieldValue(int ordinal);
+    const QVariant& FieldValue(int ordinal);
     void SetFieldValue(int ordinal, const QVariant& value);
 };
 

@@ -49,8 +49,7 @@ void readRows(RecordsetState& state, const QString& sql, const QVariantList& bin
         query.Bind(i + 1, binds[i]);
     }
     while (query.Step(QString(), state.table.get())) {
-        state.ahead.rowids.push_back(sqlite3_column_int64(query.Statement(), 0));
-        state.AppendRowValues(query.Statement(), state.ahead.cells);
+        state.StoreRowAhead(query.Statement());
     }
 }
 
@@ -257,18 +256,25 @@ void RecordsetState::ThrowNoCurrentRow() const {
 }
 
 QVariantList RecordsetState::RowValues(sqlite3_stmt* statement) const {
+    const int available = sqlite3_column_count(statement) - 1;
+    const int count = int(table->fields.size());
     QVariantList row;
-    row.reserve(qsizetype(table->fields.size()));
-    AppendRowValues(statement, row);
+    row.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        row.emplaceBack(i < available ? ColumnValue(statement, i + 1, table->fields[i].type)
+                                      : QVariant());
+    }
     return row;
 }
 
-void RecordsetState::AppendRowValues(sqlite3_stmt* statement, QVariantList& cells) const {
+void RecordsetState::StoreRowAhead(sqlite3_stmt* statement) {
+    ahead.rowids.push_back(sqlite3_column_int64(statement, 0));
     const int available = sqlite3_column_count(statement) - 1;
     const int count = int(table->fields.size());
     for (int i = 0; i < count; ++i) {
-        cells.emplaceBack(i < available ? ColumnValue(statement, i + 1, table->fields[i].type)
-                                        : QVariant());
+        ahead.cells.push_back(
+            i < available ? StoreColumn(statement, i + 1, table->fields[i].type, ahead.texts)
+                          : StoredCell());
     }
 }
 
@@ -294,9 +300,10 @@ void RecordsetState::TakeNextRowAhead() {
     if (values.size() != width) {
         values.resize(width);
     }
-    QVariant* cell = ahead.cells.data() + qsizetype(ahead.next) * width;
+    const StoredCell* cell = ahead.cells.data() + qsizetype(ahead.next) * width;
+    const FieldDef* field = table->fields.data();
     for (QVariant& value : values) {
-        value.swap(*cell++);
+        value = StoredValue(*cell++, (field++)->type, ahead.texts);
     }
     rowid = ahead.rowids[ahead.next++];
     startPending = false;
