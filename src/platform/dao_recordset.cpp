@@ -107,6 +107,25 @@ QString keyCondition(const RecordsetState& state, int level, const QString& comp
     return state.table->quotedFields[keyColumns(state)[level]] + comparison;
 }
 
+int growReadAhead(RecordsetState& state) {
+    state.readAhead =
+        state.readAhead == 0 ? kRowsReadAhead : std::min(state.readAhead * 2, kMostRowsReadAhead);
+    return state.readAhead;
+}
+
+// A step of a walk in the table's stored order, reading rows ahead as below.
+bool fetchStepInStoredOrder(RecordsetState& state, qint64 rowid) {
+    constexpr int kStoredStepShape = -5;
+    QString& sql = state.sqlByShape[kStoredStepShape];
+    if (sql.isEmpty()) {
+        sql = selectSql(state, {QStringLiteral("rowid > ?1")}, Direction::Forward);
+        sql.replace(QStringLiteral(" LIMIT 1"), QStringLiteral(" LIMIT ?2"));
+    }
+    state.ahead.clear();
+    readRows(state, sql, {rowid, growReadAhead(state)});
+    return standOnFirstRowRead(state);
+}
+
 // A forward step of a walk from a row with all its keys, reading rows ahead:
 // more at each step, up to a limit. The rows that share the row's first key
 // come from a query of their own, and the rest from one that the index alone
@@ -137,8 +156,7 @@ bool fetchStepForward(RecordsetState& state, const QVariantList& keys, qint64 ro
             selectSql(state, {keyCondition(state, 0, QStringLiteral(" > ?1"))}, Direction::Forward);
         beyondFirst.replace(QStringLiteral(" LIMIT 1"), QStringLiteral(" LIMIT ?2"));
     }
-    state.readAhead =
-        state.readAhead == 0 ? kRowsReadAhead : std::min(state.readAhead * 2, kMostRowsReadAhead);
+    growReadAhead(state);
     state.ahead.clear();
     readRows(state, sameFirst, keys + QVariantList{rowid, state.readAhead});
     const int wanted = state.readAhead - int(state.ahead.rowids.size());
@@ -176,10 +194,11 @@ bool fetchForwardByRowValue(RecordsetState& state, const QVariantList& keys, boo
 bool fetchBeyond(RecordsetState& state, const QVariantList& keys, std::optional<qint64> rowid,
                  Direction direction, bool inclusive) {
     if (direction == Direction::Forward && allPresent(keys)) {
-        if (rowid && !keys.isEmpty()) {
-            return fetchStepForward(state, keys, *rowid);
+        if (rowid) {
+            return keys.isEmpty() ? fetchStepInStoredOrder(state, *rowid)
+                                  : fetchStepForward(state, keys, *rowid);
         }
-        if (!rowid && !keys.isEmpty()) {
+        if (!keys.isEmpty()) {
             return fetchForwardByRowValue(state, keys, inclusive);
         }
     }
