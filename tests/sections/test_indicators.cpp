@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QTimer>
@@ -136,6 +137,41 @@ private Q_SLOTS:
         QCOMPARE(CommonField(u"Employment 2"_qs, u"Text 1"_qs).toString(), u"Pool car"_qs);
         QCOMPARE(CommonField(u"Employment 1"_qs, u"Text 1"_qs).toString(), before);
         QCOMPARE(services.messages.Count(), 2);
+    }
+
+    // With the client database gone, each routine of the screen tells its
+    // failure under the screen's name and its own.
+    void failuresAreToldUnderTheScreensName() {
+        ScriptedServices services;
+        SectionWorld world({kAda});
+        const QString away = world.DatabasePath() + u".away"_qs;
+        const auto told = [&services](int from) {
+            QStringList lines;
+            for (int i = from; i < services.messages.Count(); ++i) {
+                lines << services.messages.Shown()
+                             .at(i)
+                             .prompt.section(u'\n', 0, 1)
+                             .replace(u'\n', u" / "_qs);
+            }
+            return lines;
+        };
+        auto* form = OpenIndicators<frmIPersonal>();
+        ClickEntry(form, kAdaEntry);
+        TypeInto(form->txtIndicator[1], u"Pension"_qs);
+        QVERIFY(QFile::rename(world.DatabasePath(), away));
+        for (const int answer : {vbOK, vbOK, vbYes, vbOK, vbOK, vbOK}) {
+            services.messages.Answer(answer);
+        }
+        Click(form->chkTick[1]);
+        Click(form->lblFilter[1]);
+        QVERIFY(UnloadForm(u"frmIPersonal"_qs));
+        FlushUnloadedForms();
+        const int opened = services.messages.Count();
+        OpenIndicators<frmIPersonal>();
+        QVERIFY(QFile::rename(away, world.DatabasePath()));
+        const QStringList lines = told(0);
+        QCOMPARE(lines, ReferenceLines(u"indicator-failures.txt"_qs, lines));
+        QCOMPARE(opened, 4);
     }
 
     void anIndicatorScreenIsRenderedIntoTheDocumentation() {
