@@ -10,7 +10,6 @@
 #include "shell/configuration.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
-#include "shell/twips.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -159,13 +158,7 @@ void frmDiaryReport::showEvent(QShowEvent* event) {
 // Centred over the business screen, a little below its middle, as the year-end
 // list opens; over the main window when no business screen is loaded.
 void frmDiaryReport::PlaceOverBusiness() {
-    QWidget* business = LoadedForm(QStringLiteral("frmBusiness"));
-    QWidget* over = business ? ChildWindow(business) : MainWindow();
-    if (!over || !over->isVisible()) {
-        return;
-    }
-    const QRect area(over->mapToGlobal(QPoint(0, 0)), over->size());
-    move(area.center() - rect().center() + QPoint(0, business ? TwipsToPixels(kBelowMiddle) : 0));
+    CentreOverForm(this, QStringLiteral("frmBusiness"), kBelowMiddle);
 }
 
 bool frmDiaryReport::eventFilter(QObject* watched, QEvent* event) {

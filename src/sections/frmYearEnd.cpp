@@ -12,7 +12,6 @@
 #include "sections/year_end_list.h"
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
-#include "shell/twips.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -109,13 +108,7 @@ void frmYearEnd::done(int result) {
 // Centred over the business screen, and lower by a little, so that the
 // business's own year end stays in sight.
 void frmYearEnd::Form_Load() {
-    QWidget* business = LoadedForm(QStringLiteral("frmBusiness"));
-    QWidget* over = business ? ChildWindow(business) : MainWindow();
-    if (!over || !over->isVisible()) {
-        return;
-    }
-    const QRect area(over->mapToGlobal(QPoint(0, 0)), over->size());
-    move(area.center() - rect().center() + QPoint(0, business ? TwipsToPixels(kBelowMiddle) : 0));
+    CentreOverForm(this, QStringLiteral("frmBusiness"), kBelowMiddle);
 }
 
 void frmYearEnd::lblFilter_Click(int month) {

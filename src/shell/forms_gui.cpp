@@ -1,6 +1,7 @@
 #include "shell/forms_gui.h"
 
 #include "shell/commands.h"
+#include "shell/twips.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -163,6 +164,17 @@ void ShowModal(const QString& name) {
     QEventLoop loop;
     QObject::connect(form.data(), &QObject::destroyed, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+void CentreOverForm(QWidget* dialog, const QString& name, int belowTwips) {
+    QWidget* form = LoadedForm(name);
+    QWidget* over = form ? ChildWindow(form) : MainWindow();
+    if (!over || !over->isVisible()) {
+        return;
+    }
+    const QRect area(over->mapToGlobal(QPoint(0, 0)), over->size());
+    dialog->move(area.center() - dialog->rect().center() +
+                 QPoint(0, form ? TwipsToPixels(belowTwips) : 0));
 }
 
 }  // namespace quillon
