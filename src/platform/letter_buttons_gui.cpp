@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace quillon {
 
@@ -35,6 +36,20 @@ int FirstEntryBeginningWith(const QListWidget* list, QChar letter) {
         }
     }
     return -1;
+}
+
+NamePick MakeNamePick(QWidget* dialog, const QString& listName, LetterButtons& letters,
+                      const std::function<void(int)>& letterClicked) {
+    NamePick pick{Named<QListWidget>(listName, dialog),
+                  Named<QPushButton>(QStringLiteral("cm3OK"), QObject::tr("OK"), dialog),
+                  Named<QPushButton>(QStringLiteral("cm3Cancel"), QObject::tr("Cancel"), dialog)};
+    pick.ok->setEnabled(false);
+    pick.ok->setDefault(true);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addLayout(MakeLetterButtons(dialog, QStringLiteral("cm3Seek"), letters, letterClicked));
+    layout->addWidget(pick.list, 1);
+    AddButtonRow(layout, {pick.ok, pick.cancel});
+    return pick;
 }
 
 }  // namespace quillon

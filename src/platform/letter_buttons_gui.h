@@ -27,4 +27,14 @@ QGridLayout* MakeLetterButtons(QWidget* form, const QString& name, LetterButtons
 // or -1.
 int FirstEntryBeginningWith(const QListWidget* list, QChar letter);
 
+// A dialog that picks a name: its list with the letter bar "cm3Seek" above it,
+// and OK (the default, off until a name is chosen) and Cancel below.
+struct NamePick {
+    QListWidget* list;
+    QPushButton* ok;
+    QPushButton* cancel;
+};
+NamePick MakeNamePick(QWidget* dialog, const QString& listName, LetterButtons& letters,
+                      const std::function<void(int)>& letterClicked);
+
 }  // namespace quillon

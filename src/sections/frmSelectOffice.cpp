@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace quillon {
 
@@ -22,17 +21,11 @@ constexpr int kNumberTail = 6;  // " (", the number, ")"
 frmSelectOffice::frmSelectOffice(QWidget* parent) : QDialog(parent) {
     setObjectName(QString::fromLatin1(kFormName));
     setWindowTitle(QStringLiteral("Select Tax Office"));
-    lstOffices = Named<QListWidget>(QStringLiteral("lstOffices"), this);
-    QGridLayout* letters = MakeLetterButtons(this, QStringLiteral("cm3Seek"), cm3Seek,
-                                             [this](int i) { cm3Seek_Click(i); });
-    cm3OK = Named<QPushButton>(QStringLiteral("cm3OK"), tr("OK"), this);
-    cm3OK->setEnabled(false);
-    cm3OK->setDefault(true);
-    cm3Cancel = Named<QPushButton>(QStringLiteral("cm3Cancel"), tr("Cancel"), this);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(letters);
-    layout->addWidget(lstOffices, 1);
-    AddButtonRow(layout, {cm3OK, cm3Cancel});
+    const NamePick pick = MakeNamePick(this, QStringLiteral("lstOffices"), cm3Seek,
+                                       [this](int i) { cm3Seek_Click(i); });
+    lstOffices = pick.list;
+    cm3OK = pick.ok;
+    cm3Cancel = pick.cancel;
     connect(lstOffices, &QListWidget::itemClicked, this, &frmSelectOffice::lstOffices_Click);
     connect(lstOffices, &QListWidget::itemDoubleClicked, this, &frmSelectOffice::cm3OK_Click);
     connect(cm3OK, &QPushButton::clicked, this, &frmSelectOffice::cm3OK_Click);

@@ -10,11 +10,9 @@
 #include "shell/forms_gui.h"
 #include "shell/variables.h"
 
-#include <QGridLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <exception>
 
@@ -41,17 +39,11 @@ dao::Recordset ByName(dao::Database& db, const QString& table) {
 frmSpouseList::frmSpouseList(QWidget* parent) : QDialog(parent) {
     setObjectName(QString::fromLatin1(kFormName));
     setWindowTitle(QStringLiteral("Select Spouse"));
-    lstClients = Named<QListWidget>(QStringLiteral("lstClients"), this);
-    QGridLayout* letters = MakeLetterButtons(this, QStringLiteral("cm3Seek"), cm3Seek,
-                                             [this](int i) { cm3Seek_Click(i); });
-    cm3OK = Named<QPushButton>(QStringLiteral("cm3OK"), tr("OK"), this);
-    cm3OK->setEnabled(false);
-    cm3OK->setDefault(true);
-    cm3Cancel = Named<QPushButton>(QStringLiteral("cm3Cancel"), tr("Cancel"), this);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(letters);
-    layout->addWidget(lstClients, 1);
-    AddButtonRow(layout, {cm3OK, cm3Cancel});
+    const NamePick pick = MakeNamePick(this, QStringLiteral("lstClients"), cm3Seek,
+                                       [this](int i) { cm3Seek_Click(i); });
+    lstClients = pick.list;
+    cm3OK = pick.ok;
+    cm3Cancel = pick.cancel;
 
     // Only a click on a name chooses it: the list's current row also moves when
     // it merely takes the focus, and Enter must not then link the first client.
