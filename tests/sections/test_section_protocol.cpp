@@ -60,6 +60,8 @@ const Screen kScreens[] = {
      "txtADate(20)", "29/2/01", kShort},
     {"contributions", "cm3Contributions", "Contributions", "txtCAmount(20)", "Amount 20",
      "Provider 20", "Ada Lovell (Pension Contributions)", "txtCDate(20)", "1/1/2001", kShort},
+    {"administration", "mnuAdministration", "Administration", "txtTStaff(1)", "Manager", "Partner",
+     "Ada Lovell (Administration)", "", "", ""},
 };
 
 // The first client of the synthetic file with an employment, a business,
