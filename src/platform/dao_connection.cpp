@@ -299,7 +299,8 @@ void Query::Run(const QString& subject, const TableInfo* table) {
 
 namespace {
 
-// A text as a value of its field: dates are kept in ISO form.
+// A text as a value of its field, from the UTF-8 the file stores: dates are
+// kept in ISO form.
 QVariant TextValue(const char* text, int size, DataType type) {
     // Moved in: the variant's own copy would cost a count up and one down.
     QVariant value{QString()};
@@ -367,28 +368,8 @@ QVariant StoredValue(const StoredCell& cell, DataType type, const std::string& t
 }
 
 QVariant ColumnValue(sqlite3_stmt* statement, int column, DataType type) {
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
-        return QVariant();
-    }
-    switch (type) {
-        case dbBoolean:
-            return QVariant(sqlite3_column_int64(statement, column) != 0);
-        case dbByte:
-        case dbInteger:
-        case dbLong:
-            return QVariant(int(sqlite3_column_int64(statement, column)));
-        case dbCurrency:
-        case dbSingle:
-        case dbDouble:
-            return QVariant(sqlite3_column_double(statement, column));
-        case dbDate:
-        case dbText:
-        case dbMemo:
-            break;
-    }
-    // The file holds UTF-8: read as it is stored, the engine has no copy to make.
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return TextValue(text, sqlite3_column_bytes(statement, column), type);
+    std::string text;
+    return StoredValue(StoreColumn(statement, column, type, text), type, text);
 }
 
 void BindValue(sqlite3_stmt* statement, int position, const QVariant& value) {

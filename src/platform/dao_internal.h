@@ -222,6 +222,7 @@ struct RecordsetState {
     void StoreRowAhead(sqlite3_stmt* statement);
     bool TakeRowAhead();  // false when no fresh row ahead is there
     void TakeNextRowAhead();
+    void StandOnRow();  // the position's flags of a row just taken
     void SetBeforeFirst(bool emptyToo);
     void SetAfterLast(bool emptyToo);
     void SetNowhere();

@@ -325,6 +325,10 @@ void RecordsetState::TakeNextRowAhead() {
         value = StoredValue(*cell++, (field++)->type, ahead.texts);
     }
     rowid = ahead.rowids[ahead.next++];
+    StandOnRow();
+}
+
+void RecordsetState::StandOnRow() {
     startPending = false;
     hasRow = true;
     cursorValid = true;
@@ -335,11 +339,7 @@ void RecordsetState::TakeNextRowAhead() {
 void RecordsetState::TakeRow(sqlite3_stmt* statement) {
     rowid = sqlite3_column_int64(statement, 0);
     values = RowValues(statement);
-    startPending = false;
-    hasRow = true;
-    cursorValid = true;
-    bof = false;
-    eof = false;
+    StandOnRow();
 }
 
 void RecordsetState::SetBeforeFirst(bool emptyToo) {
