@@ -39,31 +39,6 @@ QVariant EmptyOf(dao::DataType type) {
     }
 }
 
-QVariant FieldOrEmpty(const dao::Field& field) {
-    return field.IsNull() ? QVariant(QString()) : field.Value();
-}
-
-QVariant FieldOrZero(const dao::Field& field) {
-    return field.IsNull() ? QVariant(0) : field.Value();
-}
-
-QVariant FieldOrFalse(const dao::Field& field) {
-    return field.IsNull() ? QVariant(false) : field.Value();
-}
-
-// The field's value, Null read as the empty value of its kind.
-QVariant FieldOrNothing(const dao::Field& field) {
-    switch (field.Type()) {
-        case dao::dbBoolean:
-            return FieldOrFalse(field);
-        case dao::dbText:
-        case dao::dbMemo:
-            return FieldOrEmpty(field);
-        default:
-            return FieldOrZero(field);
-    }
-}
-
 bool IsKey(const QString& field) {
     return field == kFirstNames || field == kLastName;
 }
@@ -78,8 +53,8 @@ QVariantMap ReadRow(dao::Database& source, const dao::TableDef& table, const Cli
         if (IsKey(field.name)) {
             continue;
         }
-        values.insert(field.name,
-                      row.NoMatch() ? EmptyOf(field.type) : FieldOrNothing(row.Fields(field.name)));
+        const QVariant value = row.NoMatch() ? QVariant() : row.Fields(field.name).Value();
+        values.insert(field.name, value.isNull() ? EmptyOf(field.type) : value);
     }
     return values;
 }
