@@ -4,6 +4,7 @@
 #include "data/data_access.h"
 #include "data/database_schema.h"
 #include "data/delivered_databases.h"
+#include "maintenance/database_backup.h"
 #include "maintenance/database_upkeep.h"
 #include "platform/dao.h"
 #include "platform/files.h"
@@ -14,7 +15,6 @@
 #include <QFile>
 
 #include <filesystem>
-#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -59,23 +59,35 @@ void MoveOver(const QString& from, const QString& to) {
     }
 }
 
-// Holds `path` for this workstation alone in `holder`; false when another one
-// is using it. A file too damaged to open is held by nobody, and its journal,
-// which belongs to it alone, must not be played into the file that replaces it.
-bool HoldAlone(const QString& path, std::optional<dao::Database>& holder) {
+// Whether `path` is a database the engine can open at all; a damaged one is
+// used by nobody, and its journal, which belongs to it alone, must not be
+// played into the file that replaces it.
+bool Openable(const QString& path) {
     try {
-        holder = dao::OpenDatabase(path, true);
+        dao::OpenDatabase(path, false, true).Close();
     } catch (const dao::DaoError& error) {
-        if (error.Number() == dao::kErrDamaged) {
-            QFile::remove(path + QStringLiteral("-journal"));
-            return true;
+        if (error.Number() != dao::kErrDamaged) {
+            throw;
         }
+        QFile::remove(path + QStringLiteral("-journal"));
+        return false;
+    }
+    return true;
+}
+
+// Puts the contents of `prepared` into the file `into` in one transaction under
+// the file's own locks, so that the file keeps its name and place: another
+// workstation that has it open, or is opening it, goes on in the one file.
+ReferenceChange CopyInto(const QString& prepared, const QString& into) {
+    try {
+        CopyDatabaseInto(prepared, into);
+    } catch (const dao::DaoError& error) {
         if (InUseElsewhere(error)) {
-            return false;
+            return ReferenceChange::InUse;
         }
         throw;
     }
-    return true;
+    return ReferenceChange::Done;
 }
 
 QString InProgramFolder(const QString& path) {
@@ -203,18 +215,15 @@ void PlaceFileCopy(const QString& source, const QString& target) {
     Name(partial.Path(), target);
 }
 
-// A system that refuses to rename over an open file makes the move fail, and
-// that is told as a failure with nothing changed.
+// The new file is written beside the old one and copied into it whole; only a
+// file too damaged to open, which nobody can be using, is replaced by name.
 ReferenceChange ReplaceDatabaseFile(const QString& source, const QString& target) {
     const QString into = PathOnDisk(target);
     const ScratchFile scratch(into + QStringLiteral(".new"));
     FileCopy(PathOnDisk(source), scratch.Path());
-    std::optional<dao::Database> holder;
-    if (!Dir(into).isEmpty() && !HoldAlone(into, holder)) {
-        return ReferenceChange::InUse;
+    if (!Dir(into).isEmpty() && Openable(into)) {
+        return CopyInto(scratch.Path(), into);
     }
-    // Renamed while the old file is held: whoever opens the name next finds the
-    // new file whole, and nobody was working in the old one.
     MoveOver(scratch.Path(), into);
     return ReferenceChange::Done;
 }
@@ -234,33 +243,25 @@ const QStringList& PublishedShareFields() {
     return fields;
 }
 
-// The merge is made in a copy beside the working file, in one transaction, and
-// the copy then takes the file's name while this workstation alone holds it: a
-// failure at any point leaves the user's file as it was, and nobody finds half
-// of one.
+// The merge is one transaction in the user's file itself: a failure at any point
+// leaves the file as it was, nobody ever finds half of one, and a share another
+// workstation saves meanwhile waits for the lock rather than being overwritten.
 ReferenceChange MergeDividendFile(const QString& published, const QString& working) {
-    const QString into = PathOnDisk(working);
-    std::optional<dao::Database> holder;
-    if (!HoldAlone(into, holder)) {
-        return ReferenceChange::InUse;
-    }
-    const ScratchFile scratch(into + QStringLiteral(".new"));
-    FileCopy(into, scratch.Path());
-    {
-        dao::Database from = dao::OpenDatabase(PathOnDisk(published), false, true);
-        dao::Database copy = dao::OpenDatabase(scratch.Path());
-        copy.BeginTrans();
-        try {
-            copy.Execute(QStringLiteral("DELETE FROM Dividends WHERE Issued=1"));
-            CopyPublishedShares(from, copy);
-            TakeVersion(from, copy);
-            copy.CommitTrans();
-        } catch (const dao::DaoError&) {
-            copy.Rollback();
-            throw;
+    dao::Database from = dao::OpenDatabase(PathOnDisk(published), false, true);
+    dao::Database into = dao::OpenDatabase(PathOnDisk(working));
+    try {
+        into.BeginTrans();
+        into.Execute(QStringLiteral("DELETE FROM Dividends WHERE Issued=1"));
+        CopyPublishedShares(from, into);
+        TakeVersion(from, into);
+        into.CommitTrans();
+    } catch (const dao::DaoError& error) {
+        into.Rollback();
+        if (InUseElsewhere(error)) {
+            return ReferenceChange::InUse;
         }
+        throw;
     }
-    MoveOver(scratch.Path(), into);
     return ReferenceChange::Done;
 }
 

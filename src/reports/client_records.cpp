@@ -164,17 +164,8 @@ QString UserTitleOf(const QHash<QString, CommonRow>& common) {
 // without that file every office is its number alone.
 class OfficeNames {
 public:
-    OfficeNames() {
-        try {
-            db_ = OpenOfficeDatabase();
-            offices_ = db_.OpenRecordset(QStringLiteral("Tax Offices"), dao::dbOpenTable);
-            offices_.SetIndex(QStringLiteral("District Code"));
-        } catch (const dao::DaoError&) {
-            offices_ = dao::Recordset();
-        }
-    }
     QString Text(const QString& number) {
-        if (number.isEmpty() || !offices_.IsOpen()) {
+        if (number.isEmpty() || !Open()) {
             return number;
         }
         offices_.Seek(QStringLiteral("="), {number});
@@ -187,6 +178,22 @@ public:
 
 private:
     dao::Database db_;
+    // The file is opened at the first number asked for, if ever.
+    bool Open() {
+        if (!tried_) {
+            tried_ = true;
+            try {
+                db_ = OpenOfficeDatabase();
+                offices_ = db_.OpenRecordset(QStringLiteral("Tax Offices"), dao::dbOpenTable);
+                offices_.SetIndex(QStringLiteral("District Code"));
+            } catch (const dao::DaoError&) {
+                offices_ = dao::Recordset();
+            }
+        }
+        return offices_.IsOpen();
+    }
+
+    bool tried_ = false;
     dao::Recordset offices_;
 };
 

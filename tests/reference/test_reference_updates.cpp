@@ -128,7 +128,12 @@ private Q_SLOTS:
         QCOMPARE(services_->messages.Last().prompt,
                  u"The Tax Offices Database has been updated"_qs);
         QCOMPARE(services_->messages.Last().style, int(vbInformation));
-        QCOMPARE(Bytes(OfficeDatabasePath()), Bytes(DefaultOfficePath()));
+        for (const auto& [table, fields] :
+             {std::pair{u"Tax Offices"_qs, QStringList{"Number", "Name", "Address 1", "Postcode"}},
+              std::pair{u"Version"_qs, QStringList{"Version"}}}) {
+            QCOMPARE(Lines(OfficeDatabasePath(), table, fields),
+                     Lines(DefaultOfficePath(), table, fields));
+        }
         QVERIFY(UnloadForm("frmOffices"));
         Trigger("cm3Offices");
         QCOMPARE(services_->messages.Count(), 4);
