@@ -35,8 +35,6 @@ const QString kReferenceCaption = QStringLiteral("Use as reference:");
 const QString kConditionsHelp = QStringLiteral("Used to produce a report containing only clients associated with a particular Partner, Manager, Assistant or Tax Office. Enter the appropriate name or number exactly as it appears in the Administration window. You can use any combination of Partner, Manager, Assistant and Tax Office number, or leave blank for ") + QStringLiteral("\"all clients\".");
 const QString kReferenceHelp = QStringLiteral("Used to identify the reference number from the Administration window which will appear alongside each client's name in the report.");
 // clang-format on
-// How far below the middle of the business screen the report opens.
-constexpr int kBelowMiddle = 1420;
 
 // A condition's box, its caption and the setting its changes go to.
 struct ConditionBox {
@@ -151,14 +149,9 @@ void frmDiaryReport::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (!placed_) {
         placed_ = true;
-        PlaceOverBusiness();
+        // Over the business screen, as the year-end list opens.
+        CentreOverForm(this, QStringLiteral("frmBusiness"));
     }
-}
-
-// Centred over the business screen, a little below its middle, as the year-end
-// list opens; over the main window when no business screen is loaded.
-void frmDiaryReport::PlaceOverBusiness() {
-    CentreOverForm(this, QStringLiteral("frmBusiness"), kBelowMiddle);
 }
 
 bool frmDiaryReport::eventFilter(QObject* watched, QEvent* event) {

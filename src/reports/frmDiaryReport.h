@@ -53,7 +53,6 @@ private:
     QWidget* ReferenceFrame();
     QFrame* HelpPanel();
     void Form_Load();
-    void PlaceOverBusiness();
 
     QStackedLayout* pages_ = nullptr;
     bool loading_ = true;

@@ -82,10 +82,7 @@ void frmAssetsExt::BuildLines() {
 void frmAssetsExt::CentreOverAssets() {
     adjustSize();
     resize(std::max(width(), 640), height());
-    if (QWidget* assets = LoadedForm(QString::fromLatin1(frmAssets::kFormName))) {
-        QWidget* window = ChildWindow(assets);
-        move(window->mapToGlobal(window->rect().center()) - rect().center());
-    }
+    CentreOverForm(this, QString::fromLatin1(frmAssets::kFormName));
 }
 
 QLineEdit* frmAssetsExt::Box(const QString& name) const {

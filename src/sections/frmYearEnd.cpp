@@ -13,7 +13,6 @@
 #include "shell/forms_gui.h"
 #include "shell/frmQuillon.h"
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -32,8 +31,6 @@ const char* const kMonthCaptions[] = {" JANUARY",  "FEBRUARY", "MARCH",    "APRI
                                       "SEPTEMBER", "OCTOBER",  "NOVEMBER", "DECEMBER"};
 const QString kChosen = QStringLiteral("background-color: #00ffff;");
 const QString kOthers = QStringLiteral("background-color: #c0c0c0;");
-// How far below the middle of the business screen the list opens.
-constexpr int kBelowMiddle = 1420;
 
 const QString kModule = QStringLiteral("frmYearEnd");
 
@@ -105,10 +102,8 @@ void frmYearEnd::done(int result) {
     }
 }
 
-// Centred over the business screen, and lower by a little, so that the
-// business's own year end stays in sight.
 void frmYearEnd::Form_Load() {
-    CentreOverForm(this, QStringLiteral("frmBusiness"), kBelowMiddle);
+    CentreOverForm(this, QStringLiteral("frmBusiness"));
 }
 
 void frmYearEnd::lblFilter_Click(int month) {

@@ -34,9 +34,6 @@ public:
     QPushButton* cm3Help = nullptr;
     QPushButton* cm3Close = nullptr;
 
-    // The month clicked, 1 to 12; 0 before the first click.
-    int Month() const { return month_; }
-
     void lblFilter_Click(int month);
     void UpdateList();
     void cm3Print_Click();

@@ -1,7 +1,6 @@
 #include "shell/forms_gui.h"
 
 #include "shell/commands.h"
-#include "shell/twips.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -166,15 +165,12 @@ void ShowModal(const QString& name) {
     loop.exec();
 }
 
-void CentreOverForm(QWidget* dialog, const QString& name, int belowTwips) {
+void CentreOverForm(QWidget* dialog, const QString& name) {
     QWidget* form = LoadedForm(name);
     QWidget* over = form ? ChildWindow(form) : MainWindow();
-    if (!over || !over->isVisible()) {
-        return;
+    if (over && over->isVisible()) {
+        dialog->move(over->mapToGlobal(over->rect().center()) - dialog->rect().center());
     }
-    const QRect area(over->mapToGlobal(QPoint(0, 0)), over->size());
-    dialog->move(area.center() - dialog->rect().center() +
-                 QPoint(0, form ? TwipsToPixels(belowTwips) : 0));
 }
 
 }  // namespace quillon

@@ -77,8 +77,8 @@ QWidget* ChildWindow(QWidget* form);
 void ShowForm(QWidget* form);
 // Loads `name` and shows it modally; returns when it has closed.
 void ShowModal(const QString& name);
-// Centres `dialog` over the window of the loaded form `name`, lower by `belowTwips`,
-// or over the main window when that form isn't loaded.
-void CentreOverForm(QWidget* dialog, const QString& name, int belowTwips);
+// Centres `dialog` over the window of the loaded form `name`, or over the main
+// window when that form isn't loaded.
+void CentreOverForm(QWidget* dialog, const QString& name);
 
 }  // namespace quillon
