@@ -48,7 +48,7 @@ private:
     QWidget* MonthBoxes();
     void Form_Load();
 
-    int month_ = 0;
+    int month_ = 0;  // the month clicked, 1 to 12; 0 before the first click
     bool placed_ = false;
 };
 
