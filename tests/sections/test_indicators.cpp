@@ -85,20 +85,23 @@ private Q_SLOTS:
     void ticksAreWrittenAtTheClick() {
         ScriptedServices services;
         SectionWorld world({kAda, kBert});
+        for (const ClientName& client : {kAda, kBert}) {
+            SetFields(kPersonal, client, {{u"Indicator 3"_qs, false}});
+        }
         OpenPersonal()->cm3Next->click();
         QTimer::singleShot(0, [] {
             auto* form = qobject_cast<frmIPersonal*>(QApplication::activeModalWidget());
             QVERIFY(form);
             QCOMPARE(form->windowTitle(), u"Bert Mason"_qs);
             Click(form->lblFilter[2]);  // 3 "Y": nobody
-            Click(form->lblFilter[2]);  // 3 "N": nobody, all Null
-            Click(form->lblFilter[2]);  // off
+            Click(form->lblFilter[2]);  // 3 "N": both
             ClickEntry(form, kAdaEntry);
             QCOMPARE(form->Selected(), kAda);
             Click(form->chkTick[2]);
             QCOMPARE(FieldOf(kPersonal, kAda, u"Indicator 3"_qs), QVariant(true));
             QCOMPARE(Listed(form), (QStringList{kAdaEntry, kBertEntry}));
-            Click(form->lblFilter[2]);
+            Click(form->lblFilter[2]);  // off
+            Click(form->lblFilter[2]);  // 3 "Y"
             QCOMPARE(Listed(form), QStringList{kAdaEntry});
             Click(form->chkTick[0]);
             QCOMPARE(FieldOf(kPersonal, kAda, u"Blind"_qs), QVariant(true));
