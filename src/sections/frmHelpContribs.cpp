@@ -1,11 +1,5 @@
 #include "sections/frmHelpContribs.h"
 
-#include "platform/widgets_gui.h"
-
-#include <QLabel>
-#include <QPushButton>
-#include <QVBoxLayout>
-
 namespace quillon {
 
 namespace {
@@ -25,18 +19,8 @@ const char* const kHelp =
 
 }  // namespace
 
-frmHelpContribs::frmHelpContribs(QWidget* parent) : QDialog(parent) {
-    setObjectName(QString::fromLatin1(kFormName));
-    setWindowTitle(QStringLiteral("Pension Contributions Help"));
-    auto* text = Named<QLabel>(QStringLiteral("lblHelp"), QString::fromLatin1(kHelp), this);
-    text->setWordWrap(true);
-    text->setTextFormat(Qt::RichText);
-    cm3Close = Named<QPushButton>(QStringLiteral("cm3Close"), tr("&Close"), this);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(text);
-    AddButtonRow(layout, {cm3Close});
-    setFixedWidth(460);
-    connect(cm3Close, &QPushButton::clicked, this, &QDialog::close);
-}
+frmHelpContribs::frmHelpContribs(QWidget* parent)
+    : HelpScreen(kFormName, QStringLiteral("Pension Contributions Help"),
+                 QString::fromLatin1(kHelp), parent) {}
 
 }  // namespace quillon
