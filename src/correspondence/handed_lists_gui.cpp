@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/services.h"
 #include "platform/wait_pointer.h"
+#include "reports/printer_object.h"
 #include "shell/frmQuillon.h"
 
 #include <QListWidget>
@@ -17,14 +18,6 @@ namespace quillon {
 
 namespace {
 
-QStringList AllEntries(const QListWidget& list) {
-    QStringList entries;
-    for (int row = 0; row < list.count(); ++row) {
-        entries << list.item(row)->text();
-    }
-    return entries;
-}
-
 void Report(const char* module, const char* procedure, const ErrorDetails& failure,
             const char* title) {
     MsgBox(ErrorReportText(QLatin1String(module), QLatin1String(procedure), failure), vbExclamation,
@@ -32,6 +25,14 @@ void Report(const char* module, const char* procedure, const ErrorDetails& failu
 }
 
 }  // namespace
+
+QStringList AllEntries(const QListWidget& list) {
+    QStringList entries;
+    for (int row = 0; row < list.count(); ++row) {
+        entries << list.item(row)->text();
+    }
+    return entries;
+}
 
 void MergeFile(const QListWidget& list) {
     if (!AskToWriteMergeFile(QString())) {
@@ -72,6 +73,10 @@ void PrintClientLabels(const QListWidget& list) {
     if (!printed) {
         Report("basPrint", "PrintClientLabels", failure, "Print Client Labels");
     }
+}
+
+void PrintList(const QListWidget& list, const QString& title) {
+    PrintListReport(AllEntries(list), title, 1);
 }
 
 }  // namespace quillon

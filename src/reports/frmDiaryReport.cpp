@@ -1,5 +1,6 @@
 #include "reports/frmDiaryReport.h"
 
+#include "correspondence/handed_lists_gui.h"
 #include "correspondence/name_picker_gui.h"
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
@@ -184,9 +185,7 @@ DiaryReport frmDiaryReport::Report() const {
         report.sheet.events << diary->Box(QStringLiteral("txtDSEvent(%1)").arg(i))->text();
     }
     report.diaryPage = diary->Page();
-    for (int row = 0; row < diary->lstClients->count(); ++row) {
-        report.entries << diary->lstClients->item(row)->text();
-    }
+    report.entries = AllEntries(*diary->lstClients);
     return report;
 }
 

@@ -375,11 +375,7 @@ void frmDiary::ClearAllRows() {
 
 void frmDiary::cm3Print_Click() {
     if (ListShown()) {
-        QStringList clients;
-        for (int row = 0; row < lstClients->count(); ++row) {
-            clients << lstClients->item(row)->text();
-        }
-        PrintDiaryList(clients, txtTitle->text());
+        PrintDiaryList(AllEntries(*lstClients), txtTitle->text());
         return;
     }
     ClientDiary diary{Client(), txtDYear->text(), {}};

@@ -1,5 +1,6 @@
 #include "sections/frmYearEnd.h"
 
+#include "correspondence/handed_lists_gui.h"
 #include "correspondence/merge_picker_gui.h"
 #include "correspondence/name_picker_gui.h"
 #include "data/data_access.h"
@@ -7,7 +8,6 @@
 #include "platform/files.h"
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
-#include "reports/printer_object.h"
 #include "sections/filter_label_gui.h"
 #include "sections/year_end_list.h"
 #include "shell/forms_gui.h"
@@ -127,11 +127,7 @@ void frmYearEnd::UpdateList() {
 }
 
 void frmYearEnd::cm3Print_Click() {
-    QStringList entries;
-    for (int row = 0; row < lstClients->count(); ++row) {
-        entries << lstClients->item(row)->text();
-    }
-    PrintListReport(entries, txtTitle->text(), 1);
+    PrintList(*lstClients, txtTitle->text());
 }
 
 void frmYearEnd::cm3Merge_Click() {
@@ -141,10 +137,7 @@ void frmYearEnd::cm3Merge_Click() {
                vbOKCancel | vbInformation) != vbOK) {
         return;
     }
-    QStringList entries;
-    for (int row = 0; row < lstClients->count(); ++row) {
-        entries << lstClients->item(row)->text();
-    }
+    const QStringList entries = AllEntries(*lstClients);
     std::optional<ErrorDetails> failure;
     {
         WaitPointer wait;

@@ -6,7 +6,6 @@
 #include "data/database_schema.h"
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
-#include "reports/printer_object.h"
 #include "sections/client_filters.h"
 #include "sections/filter_label_gui.h"
 #include "shell/forms_gui.h"
@@ -254,11 +253,7 @@ void IndicatorScreen::chkTick_Click(int index) {
 }
 
 void IndicatorScreen::cm3Print_Click() {
-    QStringList entries;
-    for (int row = 0; row < lstClients->count(); ++row) {
-        entries << lstClients->item(row)->text();
-    }
-    PrintListReport(entries, txtTitle->text(), 1);
+    PrintList(*lstClients, txtTitle->text());
 }
 
 void IndicatorScreen::cm3Merge_Click() {
