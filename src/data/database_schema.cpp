@@ -164,13 +164,13 @@ TableDef AssetDetailTable(int line) {
 
 TableDef ContributionsTable() {
     return ClientTable(QStringLiteral("Contributions"))
-        .Texts(QStringLiteral("Provider"), 20, 30)
-        .Texts(QStringLiteral("Contract"), 20, 15)
-        .Texts(QStringLiteral("Type"), 20, 5)  // "PPC", "RAP" or "FSAVC"
-        .Texts(QStringLiteral("SR"), 20, 1)
-        .Texts(QStringLiteral("NG"), 20, 1)
-        .Texts(QStringLiteral("Date"), 20, 8)
-        .Texts(QStringLiteral("Amount"), 20, 8)
+        .Texts(QStringLiteral("Provider"), kContributionLines, 30)
+        .Texts(QStringLiteral("Contract"), kContributionLines, 15)
+        .Texts(QStringLiteral("Type"), kContributionLines, 5)  // "PPC", "RAP" or "FSAVC"
+        .Texts(QStringLiteral("SR"), kContributionLines, 1)
+        .Texts(QStringLiteral("NG"), kContributionLines, 1)
+        .Texts(QStringLiteral("Date"), kContributionLines, 8)
+        .Texts(QStringLiteral("Amount"), kContributionLines, 8)
         .Build();
 }
 
@@ -201,9 +201,9 @@ TableDef UserTable() {
 
 TableDef DiaryTable(int page) {
     return ClientTable(QStringLiteral("Diary %1").arg(page))
-        .Texts(QStringLiteral("Standard Date"), 20, 8)
-        .Texts(QStringLiteral("Client Event"), 20, 40)
-        .Texts(QStringLiteral("Client Date"), 20, 8)
+        .Texts(QStringLiteral("Standard Date"), kDiaryEvents, 8)
+        .Texts(QStringLiteral("Client Event"), kDiaryEvents, 40)
+        .Texts(QStringLiteral("Client Date"), kDiaryEvents, 8)
         .Build();
 }
 

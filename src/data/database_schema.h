@@ -12,6 +12,12 @@
 
 namespace quillon {
 
+// The twenty standard dates, client dates and client events of a diary row
+// (`Standard Date i`, `Client Date i`, `Client Event i`, i from 1), and the
+// twenty lines of pension contributions.
+constexpr int kDiaryEvents = 20;
+constexpr int kContributionLines = 20;
+
 // The 22 tables that hold one row per client, in the order in which a client is
 // created, renamed and deleted.
 QStringList ClientTableNames();

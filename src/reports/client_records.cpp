@@ -5,6 +5,7 @@
 #include "data/client_rows.h"
 #include "data/convert.h"
 #include "data/currency.h"
+#include "data/database_schema.h"
 #include "reports/printer_object.h"
 #include "reports/report_state.h"
 #include "reports/vsprinter_control.h"
@@ -28,9 +29,7 @@ constexpr int kSharedAssetLines = 15;
 constexpr int kAssetLines = 19;
 constexpr int kOwnAssetLines[] = {16, 17, 18, 19};
 constexpr int kAssetDetailLines = 10;
-constexpr int kContributionLines = 20;
 constexpr int kUserLines = 8;
-constexpr int kDiaryEvents = 20;
 
 const char* const kSexes[] = {"Male", "Female"};
 const char* const kMaritalStates[] = {"Single", "Married", "Separated", "Divorced", "Widowed"};

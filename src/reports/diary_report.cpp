@@ -2,6 +2,7 @@
 
 #include "correspondence/client_row_set.h"
 #include "correspondence/list_entries.h"
+#include "data/database_schema.h"
 #include "platform/files.h"
 #include "platform/services.h"
 #include "reports/vsprint.h"
@@ -15,7 +16,6 @@ namespace {
 
 const QString kDocumentName = QStringLiteral("Diary Report");
 const QString kAdministration = QStringLiteral("Administration");
-constexpr int kEventRows = 20;
 constexpr int kClientsPerRead = 200;
 
 // The page in millimetres: the left and right edges of the table, its head
@@ -216,7 +216,7 @@ void DrawLines(const DiaryReportSheet& sheet, const std::vector<DiaryLine>& line
 DiaryEventTable DiaryEventColumns(const QStringList& events) {
     DiaryEventTable columns{};
     int taken = 0;
-    for (int row = 1; row <= kEventRows && taken < kDiaryReportColumns; ++row) {
+    for (int row = 1; row <= kDiaryEvents && taken < kDiaryReportColumns; ++row) {
         const QString description = events.value(row - 1).trimmed();
         if (description.size() > 1 && description.startsWith(QLatin1Char('*'))) {
             columns[taken++] = row;

@@ -10,15 +10,12 @@
 // cleared. Between two transactions nothing is held, so other workstations and
 // the window's own events get their turn.
 
-#include <QString>
+#include "data/database_schema.h"
 
+#include <QString>
 #include <functional>
 
 namespace quillon {
-
-// The twenty standard dates, client dates and client events of a diary row:
-// `Standard Date i`, `Client Date i` and `Client Event i` for i from 1.
-constexpr int kDiaryEvents = 20;
 
 // Told the number of rows cleared so far, after each transaction's commit.
 using ClearProgress = std::function<void(int)>;

@@ -5,6 +5,7 @@
 // regular, net or gross. The kind of scheme decides net or gross where the
 // rules of the scheme do.
 
+#include "data/database_schema.h"
 #include "sections/section_screen_gui.h"
 
 class QLabel;
@@ -16,7 +17,7 @@ class frmContributions : public SectionScreen {
 
 public:
     static constexpr const char* kFormName = "frmContributions";
-    static constexpr int kLines = 20;
+    static constexpr int kLines = kContributionLines;
 
     explicit frmContributions(QWidget* parent = nullptr);
 
