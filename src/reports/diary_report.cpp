@@ -8,11 +8,32 @@
 #include "reports/vsprint.h"
 #include "shell/variables.h"
 
+#include <array>
 #include <exception>
 
 namespace quillon {
 
 namespace {
+
+constexpr int kDiaryReportColumns = 6;
+constexpr int kDiaryReportLines = 60;
+
+// The event row (1 to 20) of each column, 0 for a column with no event.
+using DiaryEventTable = std::array<int, kDiaryReportColumns>;
+
+// The columns of `events`: each description that, trimmed, begins with "*" and
+// has more after it, in row order, until six are taken.
+DiaryEventTable DiaryEventColumns(const QStringList& events) {
+    DiaryEventTable columns{};
+    int taken = 0;
+    for (int row = 1; row <= kDiaryEvents && taken < kDiaryReportColumns; ++row) {
+        const QString description = events.value(row - 1).trimmed();
+        if (description.size() > 1 && description.startsWith(QLatin1Char('*'))) {
+            columns[taken++] = row;
+        }
+    }
+    return columns;
+}
 
 const QString kDocumentName = QStringLiteral("Diary Report");
 const QString kAdministration = QStringLiteral("Administration");
@@ -213,19 +234,7 @@ void DrawLines(const DiaryReportSheet& sheet, const std::vector<DiaryLine>& line
 
 }  // namespace
 
-DiaryEventTable DiaryEventColumns(const QStringList& events) {
-    DiaryEventTable columns{};
-    int taken = 0;
-    for (int row = 1; row <= kDiaryEvents && taken < kDiaryReportColumns; ++row) {
-        const QString description = events.value(row - 1).trimmed();
-        if (description.size() > 1 && description.startsWith(QLatin1Char('*'))) {
-            columns[taken++] = row;
-        }
-    }
-    return columns;
-}
-
-DiaryEventTable DrawDiaryPage(const DiaryReportSheet& sheet) {
+void DrawDiaryPage(const DiaryReportSheet& sheet) {
     VSSetFontName(QStringLiteral("Arial"));
     VSSetFont(9, true, false);
     VSTextAt(kLeft, 3, Conditions(sheet));
@@ -244,7 +253,6 @@ DiaryEventTable DrawDiaryPage(const DiaryReportSheet& sheet) {
         }
     }
     DrawRules();
-    return columns;
 }
 
 DiaryReportOutcome PrintDiaryReport(const DiaryReport& report, ErrorDetails& failure,

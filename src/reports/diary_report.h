@@ -9,14 +9,10 @@
 #include <QString>
 #include <QStringList>
 
-#include <array>
 #include <functional>
 #include <vector>
 
 namespace quillon {
-
-constexpr int kDiaryReportColumns = 6;
-constexpr int kDiaryReportLines = 60;
 
 // Which Administration field stands beside each name (DIARY REPORT REFERENCE).
 enum DiaryReportReference : qint16 {
@@ -45,16 +41,9 @@ struct DiaryReport {
     QStringList entries;  // last name, ", ", first names
 };
 
-// The event row (1 to 20) of each column, 0 for a column with no event.
-using DiaryEventTable = std::array<int, kDiaryReportColumns>;
-
-// The columns of `events`: each description that, trimmed, begins with "*" and
-// has more after it, in row order, until six are taken.
-DiaryEventTable DiaryEventColumns(const QStringList& events);
-
 // Draws the frame of page ReportPageNumber: head, foot, column heads, the
-// events' titles and the rules; gives the columns.
-DiaryEventTable DrawDiaryPage(const DiaryReportSheet& sheet);
+// events' titles and the rules.
+void DrawDiaryPage(const DiaryReportSheet& sheet);
 
 // Called with each entry's number, from 1, as it is read.
 using DiaryReportProgress = std::function<void(int number)>;
