@@ -18,22 +18,22 @@ bool ClientRowSet::Seek(const ClientName& client) {
     return !rows_.front().NoMatch();
 }
 
-bool ClientRowSet::Found(const QString& table) const {
+const dao::Recordset* ClientRowSet::Row(const QString& table) const {
     for (const dao::Recordset& row : rows_) {
         if (row.Name().compare(table, Qt::CaseInsensitive) == 0) {
-            return !row.NoMatch();
+            return &row;
         }
     }
-    return false;
+    return nullptr;
+}
+
+bool ClientRowSet::Found(const QString& table) const {
+    const dao::Recordset* row = Row(table);
+    return row && !row->NoMatch();
 }
 
 QVariant ClientRowSet::Value(const QString& table, const QString& field) const {
-    for (const dao::Recordset& row : rows_) {
-        if (row.Name().compare(table, Qt::CaseInsensitive) == 0) {
-            return row.NoMatch() ? QVariant() : row.Fields(field).Value();
-        }
-    }
-    return {};
+    return Found(table) ? Row(table)->Fields(field).Value() : QVariant();
 }
 
 QString ClientRowSet::Text(const QString& table, const QString& field) const {

@@ -25,6 +25,9 @@ public:
     QString Text(const QString& table, const QString& field) const;
 
 private:
+    // The row of `table` as last sought, or nullptr when it isn't one of them.
+    const dao::Recordset* Row(const QString& table) const;
+
     std::vector<dao::Recordset> rows_;
 };
 
