@@ -111,7 +111,7 @@ QString ClientNameFilter::Cleaned(const QString& text, Part part) {
 }
 
 void ClientNameFilter::Refused() {
-    if (part_ == Part::Last) {
+    if (part_ != Part::First) {
         Beep();
     }
 }

@@ -39,12 +39,13 @@ void CloseClientTables(ClientTables& tables);
 
 // The keys a name box takes: the characters from blank to "z", with an
 // apostrophe stored as a backquote. A last name box refuses the comma too,
-// which would split the client list's text, and beeps at what it refuses.
+// which would split a list's text, and beeps at what it refuses; so does a
+// company's box. A tax office's name takes the comma and beeps at the rest.
 // Pasted text is cleaned the same way.
 class ClientNameFilter : public QObject {
     Q_OBJECT
 public:
-    enum class Part { First, Last };
+    enum class Part { First, Last, Office };
     static void Install(QLineEdit* box, Part part);
 
     // `text` with apostrophes as backquotes and the refused characters left out.

@@ -5,7 +5,6 @@
 #include "platform/services.h"
 #include "platform/widgets_gui.h"
 #include "reference/reference_files.h"
-#include "sections/key_routine_filter_gui.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -18,30 +17,9 @@ namespace quillon {
 
 namespace {
 
-constexpr int kFirstTyped = u' ';
-constexpr int kLastTyped = u'z';
 constexpr int kOfficeNumberLength = 3;
 
-void FilterName(int& key, bool refuseComma) {
-    if (key == u'\'') {
-        key = u'`';
-        return;
-    }
-    if (key < kFirstTyped || key > kLastTyped || (refuseComma && key == u',')) {
-        Beep();
-        key = 0;
-    }
-}
-
 }  // namespace
-
-void ReferenceNameKeyFilter(int& key) {
-    FilterName(key, false);
-}
-
-void CompanyKeyFilter(int& key) {
-    FilterName(key, true);
-}
 
 ReferenceDialog::ReferenceDialog(const QString& caption, const BoxRow& first, const BoxRow& second,
                                  QWidget* parent)
@@ -101,7 +79,7 @@ OfficeDialog::OfficeDialog(const QString& caption, QWidget* parent)
                       {"txtName", "Name", OfficeFieldWidth(QStringLiteral("Name"))}, parent) {
     txtNumber = Box(0);
     txtName = Box(1);
-    InstallKeyRoutine(txtName, ReferenceNameKeyFilter);
+    ClientNameFilter::Install(txtName, ClientNameFilter::Part::Office);
 }
 
 bool OfficeDialog::Acceptable() const {
@@ -114,7 +92,8 @@ ShareDialog::ShareDialog(const QString& caption, QWidget* parent)
           {"txtStock", "Description", DividendFieldWidth(QStringLiteral("Stock"))}, parent) {
     txtCompany = Box(0);
     txtStock = Box(1);
-    InstallKeyRoutine(txtCompany, CompanyKeyFilter);
+    // The comma would split the company from the stock in the list of shares.
+    ClientNameFilter::Install(txtCompany, ClientNameFilter::Part::Last);
     chkFID = Named<QCheckBox>(QStringLiteral("chkFID"),
                               QStringLiteral("Foreign Income Dividend (FID)"), this);
     Grid()->addWidget(chkFID, 2, 1);

@@ -14,12 +14,6 @@ class QPushButton;
 
 namespace quillon {
 
-// The characters from the blank to "z", with an apostrophe typed as a
-// backquote; other keys beep. CompanyKeyFilter refuses the comma as well,
-// which separates the company from the stock in the list of shares.
-void ReferenceNameKeyFilter(int& key);
-void CompanyKeyFilter(int& key);
-
 class ReferenceDialog : public QDialog {
     Q_OBJECT
 

@@ -16,8 +16,10 @@
 #include "support/section_testing.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -51,11 +53,14 @@ void AddShare(frmDividends* dividends, const QString& company, bool fid) {
     InModal([&] { dividends->cm3New->click(); },
             [&](QWidget* dialog) {
                 auto* share = qobject_cast<ShareDialog*>(dialog);
-                QTest::keyClicks(share->txtCompany, company);
+                // Pasted, and held to the keys the box takes.
+                QGuiApplication::clipboard()->setText(company);
+                QTest::keyClick(share->txtCompany, Qt::Key_V, Qt::ControlModifier);
                 QTest::keyClicks(share->txtStock, QStringLiteral("Ordinary 1p"));
                 share->chkFID->setChecked(fid);
                 share->cm3OK->click();
             });
+    QVERIFY(dividends->tmrNew->isActive());
     dividends->tmrNew_Timer();
 }
 
@@ -185,6 +190,7 @@ private Q_SLOTS:
                     QTest::keyClicks(share->txtStock, QStringLiteral(" new"));
                     share->cm3OK->click();
                 });
+        QVERIFY(dividends->tmrRename->isActive());
         dividends->tmrRename_Timer();
         QCOMPARE(dividends->SelectedEntry(), u"Acme, Ordinary 1p new (FID)"_qs);
         QVERIFY(UnloadForm(QStringLiteral("frmDividends")));

@@ -134,6 +134,7 @@ private Q_SLOTS:
     void newOfficesComeLastRenamedOnesTakeTheirPlace() {
         frmOffices* offices = OpenOffices();
         OfficeDialogOK([&] { offices->cm3New->click(); }, "9Q1", "Abbey's Office");
+        QVERIFY(offices->tmrNew->isActive());
         offices->tmrNew_Timer();
         QCOMPARE(Entries(offices->lstOffices).last(), u"Abbey`s Office (9Q1)"_qs);
         QCOMPARE(offices->SelectedEntry(), u"Abbey`s Office (9Q1)"_qs);
@@ -143,6 +144,7 @@ private Q_SLOTS:
         QCOMPARE(Entries(offices->lstOffices).first(), u"Abbey`s Office (9Q1)"_qs);
 
         OfficeDialogOK([&] { offices->cm3Rename->click(); }, "X12Y7", "Zeta Office");
+        QVERIFY(offices->tmrRename->isActive());
         offices->tmrRename_Timer();
         QCOMPARE(Entries(offices->lstOffices).last(), u"Zeta Office (127)"_qs);
         QCOMPARE(offices->lblTOfficeName->text(), u"Zeta Office"_qs);

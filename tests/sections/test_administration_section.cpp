@@ -100,11 +100,13 @@ private Q_SLOTS:
         auto* offices = LoadedForm<frmOffices>();
         ClickEntry(offices->lstOffices, 1);
         OfficeDialogOK([&] { offices->cm3Rename->click(); }, "991", "Ashford Sample Office");
+        QVERIFY(offices->tmrRename->isActive());
         offices->tmrRename_Timer();
         ActivateChild(screen);
         QCOMPARE(screen->txtTOfficeName->text(), u"Ashford Sample Office"_qs);
         ActivateChild(offices);
         OfficeDialogOK([&] { offices->cm3Rename->click(); }, "981", "Ashford Sample Office");
+        QVERIFY(offices->tmrRename->isActive());
         offices->tmrRename_Timer();
         ActivateChild(screen);
         QCOMPARE(Shown(screen), u"|||"_qs);
