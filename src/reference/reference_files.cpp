@@ -124,8 +124,7 @@ QString DividendFileName(int year) {
 }
 
 QString DividendDatabasePath(int year) {
-    return PathOnDisk(DatabaseFolder.at(SelectedFile) + QStringLiteral("\\DIV") +
-                      QString::number(year) + QStringLiteral(".MDB"));
+    return PathOnDisk(PathIn(DatabaseFolder.at(SelectedFile), DividendFileName(year)));
 }
 
 QString DefaultOfficePath() {

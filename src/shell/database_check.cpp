@@ -2,6 +2,7 @@
 #include "shell/database_check.h"
 
 #include "data/data_access.h"
+#include "data/delivered_databases.h"
 #include "platform/dao.h"
 #include "platform/files.h"
 #include "platform/services.h"
@@ -16,8 +17,8 @@ namespace {
 const QString kClientDatabase = QStringLiteral("QUILL020.MDB");
 const QString kFirstCheckCopy = QStringLiteral("BACKUP15.MDB");
 const QString kOfficeDatabase = QStringLiteral("TAXOFF2.MDB");
-const QString kDeliveredOffices = QStringLiteral("DTAXOFF2.MDB");
-const QString kDeliveredDividends = QStringLiteral("DDIV2015.MDB");
+const QString kDeliveredOffices = QString::fromLatin1(kDefaultOfficeDatabaseFile);
+const QString kDeliveredDividends = QString::fromLatin1(kDefaultDividendDatabaseFile);
 
 QString slotFolder() {
     return DatabaseFolder.at(SelectedFile);
