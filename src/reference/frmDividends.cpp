@@ -433,9 +433,6 @@ void frmDividends::tmrNew_Timer() {
 void frmDividends::tmrRename_Timer() {
     tmrRename->stop();
     const QString entry = ShareEntry({CurrentCompany, CurrentStock, CurrentFID});
-    if (QListWidgetItem* item = lstShares->item(SelectedRow())) {
-        item->setText(entry);
-    }
     OpenDDB();
     SelectEntryText(entry);
 }

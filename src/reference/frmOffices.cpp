@@ -372,9 +372,6 @@ void frmOffices::tmrNew_Timer() {
 void frmOffices::tmrRename_Timer() {
     tmrRename->stop();
     const QString entry = OfficeEntry(CurrentOfficeName, CurrentOfficeNumber);
-    if (QListWidgetItem* item = lstOffices->item(SelectedRow())) {
-        item->setText(entry);
-    }
     try {
         WaitPointer wait;
         FillList();
