@@ -50,7 +50,7 @@ void MakeYears(const QString& folder, const QString& years) {
 
 // Adds a share through the New dialog and shows it, as its timer does.
 void AddShare(frmDividends* dividends, const QString& company, bool fid) {
-    InModal([&] { dividends->cm3New->click(); },
+    WithModal([&] { dividends->cm3New->click(); },
             [&](QWidget* dialog) {
                 auto* share = qobject_cast<ShareDialog*>(dialog);
                 // Pasted, and held to the keys the box takes.
@@ -184,7 +184,7 @@ private Q_SLOTS:
         TypeInto(dividends->txtNumber[1], QStringLiteral("500"));
         ClickEntry(dividends->lstShares, 6);
         QCOMPARE(dividends->lblFID->text(), u"Foreign Income Dividend (FID)"_qs);
-        InModal([&] { dividends->cm3Rename->click(); },
+        WithModal([&] { dividends->cm3Rename->click(); },
                 [](QWidget* dialog) {
                     auto* share = qobject_cast<ShareDialog*>(dialog);
                     QTest::keyClicks(share->txtStock, QStringLiteral(" new"));

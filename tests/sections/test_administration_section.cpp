@@ -119,7 +119,7 @@ private Q_SLOTS:
     // office at once and is stored with the section.
     void anOfficeIsPickedFromTheList() {
         frmAdministration* screen = OpenAdministration();
-        InModal([&] { screen->cm3Select->click(); },
+        WithModal([&] { screen->cm3Select->click(); },
                 [&](QWidget* dialog) {
                     auto* select = qobject_cast<frmSelectOffice*>(dialog);
                     QCOMPARE(select->windowTitle(), u"Select Tax Office"_qs);

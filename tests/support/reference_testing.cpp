@@ -3,6 +3,7 @@
 #include "platform/dao.h"
 #include "reference/reference_dialogs_gui.h"
 #include "shell/forms_gui.h"
+#include "support/section_testing.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -40,23 +41,8 @@ void SetVersion(const QString& path, const QString& version) {
         QStringLiteral("UPDATE Version SET Version = '%1'").arg(version));
 }
 
-void InModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use) {
-    bool reached = false;
-    QTimer::singleShot(0, [&] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        reached = true;
-        use(dialog);
-        if (dialog->isVisible()) {
-            dialog->reject();
-        }
-    });
-    open();
-    QVERIFY(reached);
-}
-
 void OfficeDialogOK(const std::function<void()>& open, const QString& number, const QString& name) {
-    InModal(open, [&](QWidget* dialog) {
+    WithModal(open, [&](QWidget* dialog) {
         auto* office = qobject_cast<OfficeDialog*>(dialog);
         office->txtNumber->clear();
         office->txtName->clear();

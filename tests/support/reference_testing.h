@@ -19,10 +19,6 @@ QStringList Lines(const QString& path, const QString& table, const QStringList& 
 // Makes the one row of the file's table `Version` hold `version`.
 void SetVersion(const QString& path, const QString& version);
 
-// Runs `open`, which shows a modal dialog, and hands the dialog to `use` once
-// it is up; the dialog is cancelled afterwards if `use` left it open.
-void InModal(const std::function<void()>& open, const std::function<void(QWidget*)>& use);
-
 // Types `number` and `name` into the tax office dialog that `open` shows, and
 // presses OK.
 void OfficeDialogOK(const std::function<void()>& open, const QString& number, const QString& name);
