@@ -76,7 +76,7 @@ const QStringList kUserLabels{
 
 // The working year of a self assessment client. The starred events are the
 // columns of the diary progress report.
-const QStringList kDiaryEvents{
+const QStringList kDiaryEventDescriptions{
     QStringLiteral("*Tax return issued"),
     QStringLiteral("Records requested"),
     QStringLiteral("*Records received"),
@@ -174,7 +174,7 @@ void WriteCommonRows(const BulkWriteSession& session, const dao::TableDef& table
     WriteCommonRow(common, QStringLiteral("User"), kUserLabels);
     common.Set(QStringLiteral("Title"), kUserTitle).Insert();
     for (int page = 1; page <= 4; ++page) {
-        WriteCommonRow(common, QStringLiteral("Diary %1").arg(page), kDiaryEvents);
+        WriteCommonRow(common, QStringLiteral("Diary %1").arg(page), kDiaryEventDescriptions);
         common.Set(QStringLiteral("Tax Year"), kDiaryTaxYears[page - 1]).Insert();
     }
 }
@@ -195,12 +195,6 @@ void WriteSampleClient(const BulkWriteSession& session, const std::vector<dao::T
     }
 }
 
-void WriteVersion(const BulkWriteSession& session, const std::vector<dao::TableDef>& tables) {
-    TableInserter(session, *FindTable(tables, QStringLiteral("Version")))
-        .Set(QStringLiteral("Version"), kDeliveredReferenceVersion)
-        .Insert();
-}
-
 }  // namespace
 
 void MakeClientDatabase(const QString& path) {
@@ -211,9 +205,19 @@ void MakeClientDatabase(const QString& path) {
     });
 }
 
+void MakeReferenceDatabase(const QString& path, const std::vector<dao::TableDef>& tables,
+                           const std::function<void(const BulkWriteSession&)>& fill) {
+    MakeDatabase(path, tables, [&](const BulkWriteSession& session) {
+        fill(session);
+        TableInserter(session, *FindTable(tables, QStringLiteral("Version")))
+            .Set(QStringLiteral("Version"), kDeliveredReferenceVersion)
+            .Insert();
+    });
+}
+
 void MakeOfficeDatabase(const QString& path) {
     const std::vector<dao::TableDef> tables = OfficeDatabaseTables();
-    MakeDatabase(path, tables, [&](const BulkWriteSession& session) {
+    MakeReferenceDatabase(path, tables, [&](const BulkWriteSession& session) {
         TableInserter offices(session, *FindTable(tables, QStringLiteral("Tax Offices")));
         for (const TaxOffice& office : kTaxOffices) {
             offices.Set(QStringLiteral("Number"), office.number)
@@ -223,13 +227,12 @@ void MakeOfficeDatabase(const QString& path) {
             }
             offices.Insert();
         }
-        WriteVersion(session, tables);
     });
 }
 
 void MakeDividendDatabase(const QString& path) {
     const std::vector<dao::TableDef> tables = DividendDatabaseTables();
-    MakeDatabase(path, tables, [&](const BulkWriteSession& session) {
+    MakeReferenceDatabase(path, tables, [&](const BulkWriteSession& session) {
         TableInserter dividends(session, *FindTable(tables, QStringLiteral("Dividends")));
         for (const auto& [company, stock] : kShares) {
             dividends.Set(QStringLiteral("Company"), company)
@@ -238,7 +241,6 @@ void MakeDividendDatabase(const QString& path) {
                 .Set(QStringLiteral("Issued"), 1)
                 .Insert();
         }
-        WriteVersion(session, tables);
     });
 }
 

@@ -3,9 +3,16 @@
 // databases of any size for tests and benchmarks. Each routine makes a new file
 // and fails with kErrDatabaseExists if `path` already exists.
 
+#include "platform/dao_schema.h"
+
 #include <QString>
 
+#include <functional>
+#include <vector>
+
 namespace quillon {
+
+class BulkWriteSession;
 
 // Names of the delivered files in the program folder.
 inline constexpr char kClientDatabaseFile[] = "QUILL020.MDB";
@@ -28,6 +35,11 @@ void MakeOfficeDatabase(const QString& path);
 
 // A dividends database of the latest tax year with its published shares.
 void MakeDividendDatabase(const QString& path);
+
+// A reference file of `tables` whose rows `fill` writes, with the delivered
+// version, in one transaction; the file is removed again if anything fails.
+void MakeReferenceDatabase(const QString& path, const std::vector<dao::TableDef>& tables,
+                           const std::function<void(const BulkWriteSession&)>& fill);
 
 // MakeClientDatabase plus `count` synthetic clients with a row in every client
 // table and a plausible spread of filled fields. The same count always gives

@@ -6,7 +6,6 @@
 #include "data/delivered_databases.h"
 #include "data/table_inserter.h"
 
-#include <QFile>
 #include <QStringList>
 
 #include <functional>
@@ -32,22 +31,6 @@ const QStringList kStocks{QStringLiteral("Ordinary 10p"), QStringLiteral("Ordina
 
 QString Padded(int n, int digits) {
     return QStringLiteral("%1").arg(n, digits, 10, QLatin1Char('0'));
-}
-
-void MakeFilled(const QString& path, const std::vector<dao::TableDef>& tables,
-                const std::function<void(const BulkWriteSession&)>& fill) {
-    dao::CreateDatabase(path, tables);
-    try {
-        BulkWriteSession session(path);
-        fill(session);
-        TableInserter(session, *FindTable(tables, QStringLiteral("Version")))
-            .Set(QStringLiteral("Version"), kDeliveredReferenceVersion)
-            .Insert();
-        session.Commit();
-    } catch (...) {
-        QFile::remove(path);
-        throw;
-    }
 }
 
 void WriteOffice(TableInserter& offices, int n) {
@@ -91,7 +74,7 @@ void WriteShare(TableInserter& shares, int n) {
 
 void MakeSyntheticOfficeDatabase(const QString& path, int count) {
     const std::vector<dao::TableDef> tables = OfficeDatabaseTables();
-    MakeFilled(path, tables, [&](const BulkWriteSession& session) {
+    MakeReferenceDatabase(path, tables, [&](const BulkWriteSession& session) {
         TableInserter offices(session, *FindTable(tables, QStringLiteral("Tax Offices")));
         for (int n = 0; n < qMin(count, 1000); ++n) {
             WriteOffice(offices, n);
@@ -101,7 +84,7 @@ void MakeSyntheticOfficeDatabase(const QString& path, int count) {
 
 void MakeSyntheticDividendDatabase(const QString& path, int count) {
     const std::vector<dao::TableDef> tables = DividendDatabaseTables();
-    MakeFilled(path, tables, [&](const BulkWriteSession& session) {
+    MakeReferenceDatabase(path, tables, [&](const BulkWriteSession& session) {
         TableInserter shares(session, *FindTable(tables, QStringLiteral("Dividends")));
         for (int n = 0; n < count; ++n) {
             WriteShare(shares, n);
