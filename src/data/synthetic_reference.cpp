@@ -8,7 +8,6 @@
 
 #include <QStringList>
 
-#include <functional>
 
 namespace quillon {
 
