@@ -323,11 +323,16 @@ const dao::FieldDef* FindField(const dao::TableDef& table, const QString& name) 
     return nullptr;
 }
 
-int ClientFieldWidth(const QString& table, const QString& field) {
-    static const std::vector<dao::TableDef> tables = ClientDatabaseTables();
+int FieldWidth(const std::vector<dao::TableDef>& tables, const QString& table,
+               const QString& field) {
     const dao::TableDef* found = FindTable(tables, table);
     const dao::FieldDef* def = found ? FindField(*found, field) : nullptr;
     return def && def->type == dao::dbText ? def->size : 0;
+}
+
+int ClientFieldWidth(const QString& table, const QString& field) {
+    static const std::vector<dao::TableDef> tables = ClientDatabaseTables();
+    return FieldWidth(tables, table, field);
 }
 
 }  // namespace quillon

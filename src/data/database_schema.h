@@ -37,8 +37,11 @@ const dao::TableDef* FindTable(const std::vector<dao::TableDef>& tables, const Q
 // The field named `name` of `table`, or nullptr.
 const dao::FieldDef* FindField(const dao::TableDef& table, const QString& name);
 
-// The width of the text field `field` of the client database's `table`; 0 for
-// a field of another type or one that isn't there.
+// The width of the text field `field` of `table` among `tables`; 0 for a field
+// of another type or one that isn't there.
+int FieldWidth(const std::vector<dao::TableDef>& tables, const QString& table,
+               const QString& field);
+// The same in the client database.
 int ClientFieldWidth(const QString& table, const QString& field);
 
 }  // namespace quillon

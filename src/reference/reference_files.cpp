@@ -180,14 +180,12 @@ QStringList OfficeDetailFields(bool laterLayout) {
 
 int OfficeFieldWidth(const QString& field) {
     static const std::vector<dao::TableDef> tables = OfficeDatabaseTables();
-    const dao::FieldDef* def = FindField(*FindTable(tables, QStringLiteral("Tax Offices")), field);
-    return def ? def->size : 0;
+    return FieldWidth(tables, QStringLiteral("Tax Offices"), field);
 }
 
 int DividendFieldWidth(const QString& field) {
     static const std::vector<dao::TableDef> tables = DividendDatabaseTables();
-    const dao::FieldDef* def = FindField(*FindTable(tables, kDividends), field);
-    return def ? def->size : 0;
+    return FieldWidth(tables, kDividends, field);
 }
 
 QString ShareEntry(const ShareKey& share) {
