@@ -100,11 +100,9 @@ QStringList NamePicker::SelectedEntries() const {
 }
 
 void NamePicker::cm3Seek_Click(int index) {
-    const QChar letter(u'A' + index);
-    const int row = FirstEntryBeginningWith(list_, letter);
+    const int row = RowForLetter(list_, index, QLatin1String(texts_.noMatch),
+                                 QLatin1String(texts_.noMatchTitle));
     if (row < 0) {
-        MsgBox(QLatin1String(texts_.noMatch) + letter, vbExclamation,
-               QLatin1String(texts_.noMatchTitle));
         return;
     }
     // The selection stays as the user made it; the letter only finds the name.

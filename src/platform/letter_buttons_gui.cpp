@@ -1,5 +1,6 @@
 #include "platform/letter_buttons_gui.h"
 
+#include "platform/services.h"
 #include "platform/widgets_gui.h"
 
 #include <QGridLayout>
@@ -26,6 +27,15 @@ QGridLayout* MakeLetterButtons(QWidget* form, const QString& name, LetterButtons
         buttons[i] = button;
     }
     return letters;
+}
+
+int RowForLetter(const QListWidget* list, int index, const QString& noMatch, const QString& title) {
+    const QChar letter(u'A' + index);
+    const int row = FirstEntryBeginningWith(list, letter);
+    if (row < 0) {
+        MsgBox(noMatch + letter, vbExclamation, title);
+    }
+    return row;
 }
 
 int FirstEntryBeginningWith(const QListWidget* list, QChar letter) {

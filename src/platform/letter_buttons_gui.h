@@ -27,6 +27,12 @@ QGridLayout* MakeLetterButtons(QWidget* form, const QString& name, LetterButtons
 // or -1.
 int FirstEntryBeginningWith(const QListWidget* list, QChar letter);
 
+// What a letter button finds: the row of the first entry that begins with
+// letter `index` ("A" being 0), or, when there is none, -1 after telling
+// `noMatch` and the letter under `title`.
+int RowForLetter(const QListWidget* list, int index, const QString& noMatch,
+                 const QString& title = QString());
+
 // A dialog that picks a name: its list with the letter bar "cm3Seek" above it,
 // and OK (the default, off until a name is chosen) and Cancel below.
 struct NamePick {

@@ -143,10 +143,8 @@ void ReferenceScreen::RemoveSelectedEntry() {
 }
 
 void ReferenceScreen::cm3Seek_Click(int index) {
-    const QChar letter(u'A' + index);
-    const int row = FirstEntryBeginningWith(list_, letter);
+    const int row = RowForLetter(list_, index, Text(texts_.noLetter), Title());
     if (row < 0) {
-        MsgBox(Text(texts_.noLetter) + letter, vbExclamation, Title());
         return;
     }
     // From the bottom, the entry found comes to the top of the list.

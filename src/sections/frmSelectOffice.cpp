@@ -44,11 +44,9 @@ void frmSelectOffice::Form_Load() {
 }
 
 void frmSelectOffice::cm3Seek_Click(int index) {
-    const QChar letter(u'A' + index);
-    const int row = FirstEntryBeginningWith(lstOffices, letter);
+    const int row = RowForLetter(lstOffices, index,
+                                 QStringLiteral("No tax office name beginning with "), kTitle);
     if (row < 0) {
-        MsgBox(QStringLiteral("No tax office name beginning with ") + letter, vbExclamation,
-               kTitle);
         return;
     }
     lstOffices->setCurrentRow(row);

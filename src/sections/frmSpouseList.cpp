@@ -76,10 +76,9 @@ void frmSpouseList::Form_Load() {
 }
 
 void frmSpouseList::cm3Seek_Click(int index) {
-    const QChar letter(u'A' + index);
-    const int row = FirstEntryBeginningWith(lstClients, letter);
+    const int row =
+        RowForLetter(lstClients, index, QStringLiteral("No client name beginning with "));
     if (row < 0) {
-        MsgBox(QStringLiteral("No client name beginning with ") + letter, vbExclamation);
         return;
     }
     lstClients->setCurrentRow(row);
