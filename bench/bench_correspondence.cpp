@@ -13,30 +13,13 @@
 #include "synthetic_slot.h"
 
 #include "bench_main.h"
+#include "pdf_printing.h"
 
 #include <benchmark/benchmark.h>
 
 using namespace quillon;
 
 namespace {
-
-class PdfPrinterOnly : public PrinterListService {
-public:
-    QStringList PrinterNames() const override { return {kPdfPrinterName}; }
-    QString DefaultPrinterName() const override { return kPdfPrinterName; }
-};
-
-// The PDF printer's file dialog, always answering the same file.
-class FixedFile : public FileDialogService {
-public:
-    explicit FixedFile(QString path) : path_(std::move(path)) {}
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return path_; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return path_; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-
-private:
-    QString path_;
-};
 
 void BM_MergeFileOfEveryClient(benchmark::State& state) {
     bench::TheSyntheticSlot();
@@ -54,20 +37,13 @@ BENCHMARK(BM_MergeFileOfEveryClient)->Unit(benchmark::kMillisecond);
 void BM_LabelsOfAThousandClientsToPdf(benchmark::State& state) {
     bench::TheSyntheticSlot();
     const QStringList entries = ClientEntries().mid(0, 1000);
-    QTemporaryDir dir;
-    PdfPrinterOnly printers;
-    FixedFile file(dir.filePath(QStringLiteral("labels.pdf")));
-    Services services = CurrentServices();
-    services.printers = &printers;
-    services.fileDialogs = &file;
-    const Services previous = InstallServices(services);
+    const bench::PdfPrinting pdf(QStringLiteral("labels.pdf"));
     for (auto _ : state) {
         PrepareLabelPrinter();
         LabelSheet sheet = ClientLabelSheet();
         PrintClientLabelsOf(entries, 1, 0, sheet);
         Printer.EndDoc();
     }
-    InstallServices(previous);
 }
 BENCHMARK(BM_LabelsOfAThousandClientsToPdf)->Unit(benchmark::kMillisecond);
 

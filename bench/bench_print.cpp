@@ -20,6 +20,7 @@
 #include <QTemporaryDir>
 
 #include "bench_main.h"
+#include "pdf_printing.h"
 #include "synthetic_slot.h"
 
 #include <benchmark/benchmark.h>
@@ -27,12 +28,6 @@
 using namespace quillon;
 
 namespace {
-
-class PdfOnlyPrinters : public PrinterListService {
-public:
-    QStringList PrinterNames() const override { return {kPdfPrinterName}; }
-    QString DefaultPrinterName() const override { return kPdfPrinterName; }
-};
 
 void DrawReport(int pages, int lines, bool diaryRows) {
     ReportDestination = rdPdfFile;
@@ -60,17 +55,11 @@ void DrawReport(int pages, int lines, bool diaryRows) {
 
 void BM_HundredPagesToPdf(benchmark::State& state) {
     const bool diaryRows = state.range(0) != 0;
-    PdfOnlyPrinters printers;
-    Services services;
-    services.printers = &printers;
-    const Services previous = InstallServices(services);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("report.pdf"));
+    const bench::PdfPrinting pdf(QStringLiteral("report.pdf"));
     for (auto _ : state) {
         DrawReport(100, 60, diaryRows);
-        VSConvertToPDF(path);
+        VSConvertToPDF(pdf.FilePath());
     }
-    InstallServices(previous);
 }
 BENCHMARK(BM_HundredPagesToPdf)
     ->ArgName("diaryRows")
@@ -106,52 +95,27 @@ Form64Entries FilledForm() {
 }
 
 void BM_Form64ToPdf(benchmark::State& state) {
-    PdfOnlyPrinters printers;
-    Services services;
-    services.printers = &printers;
-    const Services previous = InstallServices(services);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("form.pdf"));
+    const bench::PdfPrinting pdf(QStringLiteral("form.pdf"));
     const Form64Entries entries = FilledForm();
     ReportDestination = rdPdfFile;
     VSPrinter = kPdfPrinterName;
     for (auto _ : state) {
         PrintForm64(entries);
-        VSConvertToPDF(path);
+        VSConvertToPDF(pdf.FilePath());
     }
-    InstallServices(previous);
 }
 BENCHMARK(BM_Form64ToPdf)->Unit(benchmark::kMillisecond)->Repetitions(5)->Iterations(5);
-
-// The PDF printer's file dialog, always answering the same file.
-class FixedFile : public FileDialogService {
-public:
-    explicit FixedFile(QString path) : path_(std::move(path)) {}
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return path_; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return path_; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-
-private:
-    QString path_;
-};
 
 void BM_ClientRecordsOfAHundredClientsToPdf(benchmark::State& state) {
     bench::TheSyntheticSlot();
     const QStringList entries = ClientEntries().mid(0, 100);
-    QTemporaryDir dir;
-    PdfOnlyPrinters printers;
-    FixedFile file(dir.filePath(QStringLiteral("records.pdf")));
-    Services services = CurrentServices();
-    services.printers = &printers;
-    services.fileDialogs = &file;
-    const Services previous = InstallServices(services);
+    const bench::PdfPrinting pdf(QStringLiteral("records.pdf"));
     ErrorDetails failure;
     for (auto _ : state) {
         if (!PrintClientRecords(entries, AllRecordSections(), failure)) {
             state.SkipWithError(qPrintable(failure.description));
         }
     }
-    InstallServices(previous);
 }
 BENCHMARK(BM_ClientRecordsOfAHundredClientsToPdf)
     ->Unit(benchmark::kMillisecond)
@@ -186,14 +150,9 @@ DiaryReport FiveThousandListed() {
 void BM_DiaryReportOfFiveThousandToPdf(benchmark::State& state) {
     bench::TheSyntheticSlot();
     const DiaryReport report = FiveThousandListed();
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("diary.pdf"));
-    PdfOnlyPrinters printers;
+    bench::PdfPrinting pdf(QStringLiteral("diary.pdf"));
     FixedDay clock;
-    Services services = CurrentServices();
-    services.printers = &printers;
-    services.clock = &clock;
-    const Services previous = InstallServices(services);
+    pdf.UseClock(&clock);
     ReportDestination = rdPdfFile;
     VSPrinter = kPdfPrinterName;
     ErrorDetails failure;
@@ -205,10 +164,9 @@ void BM_DiaryReportOfFiveThousandToPdf(benchmark::State& state) {
         if (PrintDiaryReport(report, failure, progress) != DiaryReportOutcome::Drawn) {
             state.SkipWithError(qPrintable(failure.description));
         }
-        VSConvertToPDF(path);
+        VSConvertToPDF(pdf.FilePath());
     }
     state.counters["pages"] = VSDocumentControl().PageCount();
-    InstallServices(previous);
 }
 BENCHMARK(BM_DiaryReportOfFiveThousandToPdf)
     ->Unit(benchmark::kMillisecond)
