@@ -20,6 +20,7 @@
 #include "synthetic_slot.h"
 
 #include "bench_main.h"
+#include "client_steps.h"
 
 #include <benchmark/benchmark.h>
 
@@ -27,22 +28,10 @@ using namespace quillon;
 
 namespace {
 
-void StandOnFirstClient() {
-    bench::TheSyntheticSlot();
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
-    dao::Recordset personal = db.OpenRecordset(QStringLiteral("Personal"));
-    personal.SetIndex(QStringLiteral("Name"));
-    personal.MoveFirst();
-    CurrentFirst = personal.Fields(QStringLiteral("First Names")).Value().toString();
-    CurrentLast = personal.Fields(QStringLiteral("Last Name")).Value().toString();
-    PersonalFirst = CurrentFirst;
-    PersonalLast = CurrentLast;
-}
-
 // The list of the clients who have received their records (event 3 dated)
 // and whose accounts are not yet prepared (event 7 not dated), on page 1.
 void BM_DiaryList(benchmark::State& state) {
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     DiaryPage = 1;
     frmDiary diary;
     diary.Form_Activate();
@@ -59,7 +48,7 @@ BENCHMARK(BM_DiaryList)->Unit(benchmark::kMillisecond);
 
 // Clients with the second indicator ticked and the third not.
 void BM_IndicatorList(benchmark::State& state) {
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmIPersonal indicators;
     indicators.Form_Activate();
     indicators.lblFilter_Click(2);
@@ -73,7 +62,7 @@ void BM_IndicatorList(benchmark::State& state) {
 BENCHMARK(BM_IndicatorList)->Unit(benchmark::kMillisecond);
 
 void BM_YearEndList(benchmark::State& state) {
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmYearEnd yearEnd;
     yearEnd.lblFilter_Click(3);
     for (auto _ : state) {
@@ -87,7 +76,7 @@ BENCHMARK(BM_YearEndList)->Unit(benchmark::kMillisecond);
 // each transaction as the screen does. A page cleared once is cleared again
 // with the same writes.
 void BM_ClearAll(benchmark::State& state) {
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     int rows = 0;
     for (auto _ : state) {
         rows = ClearDiaryPage(ClientDatabasePath(), 4, [](int) {

@@ -20,6 +20,7 @@
 #include "synthetic_slot.h"
 
 #include "bench_main.h"
+#include "client_steps.h"
 
 #include <benchmark/benchmark.h>
 
@@ -49,36 +50,19 @@ void BM_OfficeListLoad(benchmark::State& state) {
 }
 BENCHMARK(BM_OfficeListLoad)->Unit(benchmark::kMillisecond);
 
-void StandOnFirstClient() {
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
-    dao::Recordset rows = db.OpenRecordset(QStringLiteral("Administration"));
-    rows.SetIndex(QStringLiteral("Name"));
-    rows.MoveFirst();
-    CurrentFirst = rows.Fields(QStringLiteral("First Names")).Value().toString();
-    CurrentLast = rows.Fields(QStringLiteral("Last Name")).Value().toString();
-}
-
 // Most synthetic clients name an office, which is read at each move.
 void BM_AdministrationNext(benchmark::State& state) {
     OfficesBesideTheClients();
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmAdministration administration;
     administration.Form_Activate();
-    int step = 0;
+    int steps = 0;
     int shown = 0;
-    for (auto _ : state) {
-        administration.Box(QStringLiteral("txtTRef(0)"))
-            ->setText(QStringLiteral("R%1").arg(++step));
-        const QString before = CurrentFirst + CurrentLast;
-        administration.cm3Next->click();
+    bench::StepThroughClients(state, administration, QStringLiteral("txtTRef(0)"), [&] {
+        ++steps;
         shown += administration.txtTOfficeName->text().isEmpty() ? 0 : 1;
-        if (CurrentFirst + CurrentLast == before) {
-            state.PauseTiming();  // the last client: start again from the first
-            administration.cm3First->click();
-            state.ResumeTiming();
-        }
-    }
-    state.counters["offices shown"] = double(shown) / double(step);
+    });
+    state.counters["offices shown"] = double(shown) / double(steps);
 }
 BENCHMARK(BM_AdministrationNext)->Unit(benchmark::kMillisecond);
 

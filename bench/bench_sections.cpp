@@ -19,6 +19,7 @@
 #include "synthetic_slot.h"
 
 #include "bench_main.h"
+#include "client_steps.h"
 
 #include <benchmark/benchmark.h>
 
@@ -30,53 +31,18 @@ void fixture() {
     bench::TheSyntheticSlot();
 }
 
-void StandOnFirstClient() {
-    dao::Database db = dao::OpenDatabase(ClientDatabasePath());
-    dao::Recordset personal = db.OpenRecordset(QStringLiteral("Personal"));
-    personal.SetIndex(QStringLiteral("Name"));
-    personal.MoveFirst();
-    CurrentFirst = personal.Fields(QStringLiteral("First Names")).Value().toString();
-    CurrentLast = personal.Fields(QStringLiteral("Last Name")).Value().toString();
-}
-
 void BM_PersonalNext(benchmark::State& state) {
     fixture();
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmPersonal personal;
     personal.Form_Activate();
-    int step = 0;
-    for (auto _ : state) {
-        personal.Box(QStringLiteral("txtCalled"))->setText(QStringLiteral("Called %1").arg(++step));
-        const QString before = CurrentFirst + CurrentLast;
-        personal.cm3Next->click();
-        if (CurrentFirst + CurrentLast == before) {
-            state.PauseTiming();  // the last client: start again from the first
-            personal.cm3First->click();
-            state.ResumeTiming();
-        }
-    }
+    bench::StepThroughClients(state, personal, QStringLiteral("txtCalled"));
 }
 BENCHMARK(BM_PersonalNext)->Unit(benchmark::kMillisecond);
 
-// Next, again from the first client once the last is reached.
-template <typename Screen>
-void StepThroughClients(benchmark::State& state, Screen& screen, const QString& box) {
-    int step = 0;
-    for (auto _ : state) {
-        screen.Box(box)->setText(QStringLiteral("%1").arg(++step));
-        const QString before = CurrentFirst + CurrentLast;
-        screen.cm3Next->click();
-        if (CurrentFirst + CurrentLast == before) {
-            state.PauseTiming();
-            screen.cm3First->click();
-            state.ResumeTiming();
-        }
-    }
-}
-
 void BM_EmploymentPageTurn(benchmark::State& state) {
     fixture();
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmEmployment employment;
     employment.Form_Activate();
     int step = 0;
@@ -89,10 +55,10 @@ BENCHMARK(BM_EmploymentPageTurn)->Unit(benchmark::kMillisecond);
 
 void BM_AssetsNext(benchmark::State& state) {
     fixture();
-    StandOnFirstClient();
+    bench::StandOnFirstClient();
     frmAssets assets;
     assets.Form_Activate();
-    StepThroughClients(state, assets, QStringLiteral("txtANote(2)"));
+    bench::StepThroughClients(state, assets, QStringLiteral("txtANote(2)"));
 }
 BENCHMARK(BM_AssetsNext)->Unit(benchmark::kMillisecond);
 
