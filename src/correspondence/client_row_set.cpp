@@ -40,4 +40,25 @@ QString ClientRowSet::Text(const QString& table, const QString& field) const {
     return NullToEmpty(Value(table, field));
 }
 
+void ReadInShortTransactions(dao::Database& db, qsizetype count,
+                             const std::function<void(int)>& progress,
+                             const std::function<void(qsizetype)>& read) {
+    constexpr qsizetype kClientsPerRead = 200;
+    for (qsizetype i = 0; i < count; ++i) {
+        if (i % kClientsPerRead == 0) {
+            if (i > 0) {
+                db.CommitTrans();
+            }
+            db.BeginTrans();
+        }
+        if (progress) {
+            progress(int(i) + 1);
+        }
+        read(i);
+    }
+    if (count > 0) {
+        db.CommitTrans();
+    }
+}
+
 }  // namespace quillon

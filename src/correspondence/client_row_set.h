@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <vector>
 
 namespace quillon {
@@ -30,5 +31,12 @@ private:
 
     std::vector<dao::Recordset> rows_;
 };
+
+// Calls `read` with each index below `count`, in read transactions of `db` of a
+// few hundred each: a client is read whole, and no other workstation waits
+// long to write. `progress`, if any, is told each number from 1 first.
+void ReadInShortTransactions(dao::Database& db, qsizetype count,
+                             const std::function<void(int)>& progress,
+                             const std::function<void(qsizetype)>& read);
 
 }  // namespace quillon

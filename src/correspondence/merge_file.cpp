@@ -19,7 +19,6 @@ namespace quillon {
 
 namespace {
 
-constexpr int kClientsPerRead = 200;
 const QString kMonths = QStringLiteral("JanFebMarAprMayJunJulAugSepOctNovDec");
 
 // A field of the merge: its header name, the table it comes from and the field.
@@ -86,27 +85,6 @@ QString ClientValue(const MergeField& field, const ClientRowSet& rows, qint16 ad
 
 // The file, opened for writing from its start; written lines stay when a
 // later one fails.
-class MergeWriter {
-public:
-    MergeWriter(const QString& path, const MergeOptions& options) : file_(path), options_(options) {
-        if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-            Fail();
-        }
-    }
-    void Write(const QStringList& values) {
-        if (file_.write(MergeLine(values, options_)) < 0) {
-            Fail();
-        }
-    }
-
-private:
-    [[noreturn]] void Fail() {
-        throw dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error"));
-    }
-    QFile file_;
-    MergeOptions options_;
-};
-
 QStringList Headers(std::span<const MergeField> fields) {
     QStringList headers;
     for (const MergeField& field : fields) {
@@ -128,6 +106,23 @@ QByteArray MergeLine(const QStringList& values, const MergeOptions& options) {
             (i > 0 ? options.delimiter : QString()) + options.quote + values.at(i) + options.quote;
     }
     return ToCodePage(line + QStringLiteral("\r\n"));
+}
+
+MergeWriter::MergeWriter(const QString& path, const MergeOptions& options)
+    : file_(path), options_(options) {
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        Fail();
+    }
+}
+
+void MergeWriter::Write(const QStringList& values) {
+    if (file_.write(MergeLine(values, options_)) < 0) {
+        Fail();
+    }
+}
+
+void MergeWriter::Fail() {
+    throw dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error"));
 }
 
 QStringList ClientMergeHeader(ClientMergeLayout layout) {
@@ -170,18 +165,9 @@ void WriteClientMerge(const QString& path, const QStringList& entries, ClientMer
     // file is never held from other workstations for more than a moment.
     dao::Database db = dao::OpenDatabase(PathOnDisk(ClientDatabasePath()), false, true);
     ClientRowSet rows(db, kClientMergeTables);
-    for (qsizetype i = 0; i < entries.size(); ++i) {
-        if (i % kClientsPerRead == 0) {
-            if (i > 0) {
-                db.CommitTrans();
-            }
-            db.BeginTrans();
-        }
-        if (progress) {
-            progress(int(i) + 1);
-        }
+    ReadInShortTransactions(db, entries.size(), progress, [&](qsizetype i) {
         if (!rows.Seek(ClientOfEntry(entries.at(i)))) {
-            continue;
+            return;
         }
         QStringList values;
         for (const MergeField& field : kClientFields) {
@@ -190,10 +176,7 @@ void WriteClientMerge(const QString& path, const QStringList& entries, ClientMer
             }
         }
         writer.Write(values);
-    }
-    if (!entries.isEmpty()) {
-        db.CommitTrans();
-    }
+    });
 }
 
 void WriteOfficeMerge(const QString& path, const QStringList& entries, const MergeOptions& options,

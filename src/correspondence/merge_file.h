@@ -6,6 +6,7 @@
 // joined by the delimiter, written as they stand.
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -28,6 +29,19 @@ MergeOptions CurrentMergeOptions();
 
 // One line of the file, line end included.
 QByteArray MergeLine(const QStringList& values, const MergeOptions& options);
+
+// A merge data file being written, anew: each record a line. Fails with the
+// file error the screens tell.
+class MergeWriter {
+public:
+    MergeWriter(const QString& path, const MergeOptions& options);
+    void Write(const QStringList& values);
+
+private:
+    [[noreturn]] static void Fail();
+    QFile file_;
+    MergeOptions options_;
+};
 
 QStringList ClientMergeHeader(ClientMergeLayout layout);
 QStringList OfficeMergeHeader();

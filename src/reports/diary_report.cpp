@@ -37,7 +37,6 @@ DiaryEventTable DiaryEventColumns(const QStringList& events) {
 
 const QString kDocumentName = QStringLiteral("Diary Report");
 const QString kAdministration = QStringLiteral("Administration");
-constexpr int kClientsPerRead = 200;
 
 // The page in millimetres: the left and right edges of the table, its head
 // and foot lines, and the line rows.
@@ -152,27 +151,15 @@ std::vector<DiaryLine> ReadLines(const DiaryReport& report, const DiaryEventTabl
     ClientRowSet rows(db, {kAdministration, diaryTable});
     std::vector<DiaryLine> lines;
     lines.reserve(size_t(report.entries.size()));
-    for (qsizetype i = 0; i < report.entries.size(); ++i) {
-        if (i % kClientsPerRead == 0) {
-            if (i > 0) {
-                db.CommitTrans();
-            }
-            db.BeginTrans();
-        }
-        if (progress) {
-            progress(int(i) + 1);
-        }
+    ReadInShortTransactions(db, report.entries.size(), progress, [&](qsizetype i) {
         const ClientName client = ClientOfEntry(report.entries.at(i));
         if (!rows.Seek(client)) {
             lines.emplace_back();
-            continue;
+            return;
         }
         lines.push_back(ReadLine(rows, report, diaryTable, columns));
         lines.back().name = client.last + QStringLiteral(", ") + client.first;
-    }
-    if (!report.entries.isEmpty()) {
-        db.CommitTrans();
-    }
+    });
     return lines;
 }
 

@@ -5,13 +5,10 @@
 #include "platform/files.h"
 #include "shell/variables.h"
 
-#include <QFile>
-
 namespace quillon {
 
 namespace {
 
-constexpr int kClientsPerRead = 200;
 const QString kSeparator = QStringLiteral(", ");
 const QString kOpening = QStringLiteral(" (");
 
@@ -49,10 +46,6 @@ int MonthOf(const QVariant& value) {
     bool number = false;
     const int month = value.toString().trimmed().toInt(&number);
     return number ? month : 0;
-}
-
-void ThrowFileError() {
-    throw dao::DaoError(kErrPathFileAccess, QStringLiteral("Path/File access error"));
 }
 
 }  // namespace
@@ -115,42 +108,21 @@ QStringList YearEndMergeHeader() {
 
 void WriteYearEndMerge(const QString& path, const QStringList& entries, const MergeOptions& options,
                        const MergeProgress& progress) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        ThrowFileError();
-    }
-    auto write = [&file, &options](const QStringList& values) {
-        if (file.write(MergeLine(values, options)) < 0) {
-            ThrowFileError();
-        }
-    };
-    write(YearEndMergeHeader());
+    MergeWriter writer(path, options);
+    writer.Write(YearEndMergeHeader());
     dao::Database db = OpenToRead();
     ClientRowSet rows(db, {QStringLiteral("Personal"), QStringLiteral("Administration")});
-    for (qsizetype i = 0; i < entries.size(); ++i) {
-        // Short read transactions: no other workstation waits long to write.
-        if (i % kClientsPerRead == 0) {
-            if (i > 0) {
-                db.CommitTrans();
-            }
-            db.BeginTrans();
-        }
-        if (progress) {
-            progress(int(i) + 1);
-        }
+    ReadInShortTransactions(db, entries.size(), progress, [&](qsizetype i) {
         const YearEndClient entry = YearEndOfEntry(entries.at(i));
         if (!rows.Seek(entry.client)) {
-            continue;
+            return;
         }
         QStringList values;
         for (const MergeColumn& column : kColumns) {
             values << rows.Text(QLatin1String(column.table), QLatin1String(column.field));
         }
-        write(values << entry.business);
-    }
-    if (!entries.isEmpty()) {
-        db.CommitTrans();
-    }
+        writer.Write(values << entry.business);
+    });
 }
 
 }  // namespace quillon
