@@ -165,11 +165,6 @@ constexpr double kFooterY = 275;
 constexpr double kColumnWidth = 90;
 constexpr double kColumnLeft = 20;
 
-void PrintCentred(const QString& text) {
-    Printer.setCurrentX((Printer.ScaleWidth() - Printer.TextWidth(text)) / 2.0);
-    Printer.Print(text);
-}
-
 void PrintTitle(const QString& title) {
     Printer.FontBold = true;
     Printer.setCurrentY(kTitleY);
@@ -185,7 +180,21 @@ void PrintFooter(int page) {
 
 }  // namespace
 
-bool PrintListReport(const QStringList& items, const QString& title, int mode) {
+void PrintCentred(const QString& text) {
+    Printer.setCurrentX((Printer.ScaleWidth() - Printer.TextWidth(text)) / 2.0);
+    Printer.Print(text);
+}
+
+bool SendPrinterPages() {
+    const QString device = Printer.DeviceName().isEmpty() ? DefaultPrinter() : Printer.DeviceName();
+    if (!Printer.EndDoc()) {
+        ReportPrinterFailure(device, vsErrPrinter, Printer.LastError);
+        return false;
+    }
+    return true;
+}
+
+bool PrintListReport(const QStringList& items, const QString& title, int mode, bool footerAlways) {
     const WaitPointer busy;
     Printer.setScaleMode(vbMillimeters);
     Printer.FontName = QStringLiteral("Times New Roman");
@@ -210,15 +219,10 @@ bool PrintListReport(const QStringList& items, const QString& title, int mode) {
         Printer.setCurrentX(column * kColumnWidth + kColumnLeft);
         Printer.Print(item);
     }
-    if (page > 1) {
+    if (page > 1 || footerAlways) {
         PrintFooter(page);
     }
-    const QString device = Printer.DeviceName().isEmpty() ? DefaultPrinter() : Printer.DeviceName();
-    if (!Printer.EndDoc()) {
-        ReportPrinterFailure(device, vsErrPrinter, Printer.LastError);
-        return false;
-    }
-    return true;
+    return SendPrinterPages();
 }
 
 }  // namespace quillon

@@ -82,7 +82,16 @@ private:
 inline PrinterObject Printer;
 
 // Prints `items` under `title` on `Printer`, in one column or, with `mode` 2,
-// two. Returns false after telling the user when the printer refused the job.
-bool PrintListReport(const QStringList& items, const QString& title, int mode);
+// two, with a page footer from the second page on, or, with `footerAlways`, on
+// every page. Returns false after telling the user when the printer refused
+// the job.
+bool PrintListReport(const QStringList& items, const QString& title, int mode,
+                     bool footerAlways = false);
+
+// Prints `text` on `Printer` centred across the page, at its current line.
+void PrintCentred(const QString& text);
+// Ends `Printer`'s document, which sends it; false after telling the user when
+// the printer refused it.
+bool SendPrinterPages();
 
 }  // namespace quillon
