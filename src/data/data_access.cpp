@@ -91,7 +91,11 @@ QString ErrorReportText(const QString& module, const QString& procedure,
 }
 
 void ReportError(const QString& module, const QString& procedure, const std::exception& error) {
-    MsgBox(ErrorReportText(module, procedure, DetailsOf(error)), vbExclamation | vbOKOnly,
+    ReportError(module, procedure, DetailsOf(error));
+}
+
+void ReportError(const QString& module, const QString& procedure, const ErrorDetails& details) {
+    MsgBox(ErrorReportText(module, procedure, details), vbExclamation | vbOKOnly,
            CurrentFirst + QLatin1Char(' ') + CurrentLast);
 }
 

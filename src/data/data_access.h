@@ -47,6 +47,8 @@ QString ErrorReportText(const QString& module, const QString& procedure,
 // Shows the failure message with an exclamation mark under the current
 // client's name. The caller then abandons its routine.
 void ReportError(const QString& module, const QString& procedure, const std::exception& error);
+// The same for a failure noted earlier, told once nothing is held any more.
+void ReportError(const QString& module, const QString& procedure, const ErrorDetails& details);
 
 // The spouse list has always set its module name off with extra blanks.
 inline const QString kSpouseListModule = QStringLiteral("   frmSpouseList");

@@ -367,9 +367,7 @@ void frmDiary::ClearAllRows() {
         SetProgressText(QString());
     }
     if (failure) {
-        MsgBox(ErrorReportText(QString::fromLatin1(kFormName), QStringLiteral("cm3ClearAll_Click"),
-                               *failure),
-               vbExclamation | vbOKOnly, CurrentFirst + QLatin1Char(' ') + CurrentLast);
+        ReportError(QString::fromLatin1(kFormName), QStringLiteral("cm3ClearAll_Click"), *failure);
     }
 }
 
