@@ -78,7 +78,8 @@ frmAssets::frmAssets(QWidget* parent) : SectionScreen(kAssetsSection, parent) {
     common_ = new CommonTexts(
         this, [] { return kCommonRow; }, QStringLiteral("You have changed an asset description."),
         [] { return kCommonRow; }, QString::fromLatin1(kFormName));
-    const int width = ClientFieldWidth(kCommonRow, QStringLiteral("Asset 16"));
+    // As wide as the descriptions the client table holds for its own lines.
+    const int width = ClientFieldWidth(QStringLiteral("Assets"), QStringLiteral("Asset 16"));
     for (int line = 1; line <= kSharedLines; ++line) {
         QLineEdit* description = Box(Line("txtAsset", line));
         common_->Add(line, description, QStringLiteral("txtAsset_LostFocus"));
