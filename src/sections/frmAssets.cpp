@@ -103,9 +103,7 @@ void frmAssets::ReadAlongside() {
 void frmAssets::BeforeWrite() {
     common_->FinishTyping();
     for (MoneyBox* value : values_) {
-        if (value->Box()->hasFocus()) {
-            value->FinishTyping();
-        }
+        value->FinishTyping();
     }
 }
 

@@ -150,9 +150,7 @@ void frmAssetsExt::closeEvent(QCloseEvent* event) {
     }
     // The close button takes no focus: the value being typed is finished here.
     for (MoneyBox* value : values_) {
-        if (value->Box()->hasFocus()) {
-            value->FinishTyping();
-        }
+        value->FinishTyping();
     }
     ShowTotal();
     WriteCRecord();

@@ -23,7 +23,7 @@ Currency MoneyBox::Value() const {
 }
 
 void MoneyBox::FinishTyping() {
-    if (box_->isModified()) {
+    if (box_->hasFocus() && box_->isModified()) {
         Left();
     }
 }

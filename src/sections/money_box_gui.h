@@ -23,8 +23,8 @@ public:
     QLineEdit* Box() const { return box_; }
     // The figure the box stands for, as a total reads it.
     Currency Value() const;
-    // Rewrites the text as leaving the box does, if the user has typed in it
-    // since it was last rewritten.
+    // Rewrites the text as leaving the box does, if the user is in the box and
+    // has typed in it since it was last rewritten.
     void FinishTyping();
 
 protected:
