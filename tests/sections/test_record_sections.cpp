@@ -244,6 +244,11 @@ private Q_SLOTS:
         QTest::keyClicks(value, u"7"_qs);
         QCOMPARE(value->text(), u"12345678"_qs);
         QTest::keyClick(value, Qt::Key_Delete);
+        // A closing bracket still goes into a full box.
+        QTest::keyClicks(value, u"(1234567)"_qs);
+        QCOMPARE(value->text(), u"(1234567)"_qs);
+        value->selectAll();
+        QTest::keyClick(value, Qt::Key_Delete);
         QTest::keyClicks(value, u"-5"_qs);
         Click(assets->cm3Next);
         QCOMPARE(FieldOf(kAssets, kAda, u"Value 7"_qs).toString(), u"      (5)"_qs);
