@@ -8,7 +8,6 @@
 
 #include <QStringList>
 
-
 namespace quillon {
 
 namespace {

@@ -51,15 +51,15 @@ void MakeYears(const QString& folder, const QString& years) {
 // Adds a share through the New dialog and shows it, as its timer does.
 void AddShare(frmDividends* dividends, const QString& company, bool fid) {
     WithModal([&] { dividends->cm3New->click(); },
-            [&](QWidget* dialog) {
-                auto* share = qobject_cast<ShareDialog*>(dialog);
-                // Pasted, and held to the keys the box takes.
-                QGuiApplication::clipboard()->setText(company);
-                QTest::keyClick(share->txtCompany, Qt::Key_V, Qt::ControlModifier);
-                QTest::keyClicks(share->txtStock, QStringLiteral("Ordinary 1p"));
-                share->chkFID->setChecked(fid);
-                share->cm3OK->click();
-            });
+              [&](QWidget* dialog) {
+                  auto* share = qobject_cast<ShareDialog*>(dialog);
+                  // Pasted, and held to the keys the box takes.
+                  QGuiApplication::clipboard()->setText(company);
+                  QTest::keyClick(share->txtCompany, Qt::Key_V, Qt::ControlModifier);
+                  QTest::keyClicks(share->txtStock, QStringLiteral("Ordinary 1p"));
+                  share->chkFID->setChecked(fid);
+                  share->cm3OK->click();
+              });
     QVERIFY(dividends->tmrNew->isActive());
     dividends->tmrNew_Timer();
 }
@@ -185,11 +185,11 @@ private Q_SLOTS:
         ClickEntry(dividends->lstShares, 6);
         QCOMPARE(dividends->lblFID->text(), u"Foreign Income Dividend (FID)"_qs);
         WithModal([&] { dividends->cm3Rename->click(); },
-                [](QWidget* dialog) {
-                    auto* share = qobject_cast<ShareDialog*>(dialog);
-                    QTest::keyClicks(share->txtStock, QStringLiteral(" new"));
-                    share->cm3OK->click();
-                });
+                  [](QWidget* dialog) {
+                      auto* share = qobject_cast<ShareDialog*>(dialog);
+                      QTest::keyClicks(share->txtStock, QStringLiteral(" new"));
+                      share->cm3OK->click();
+                  });
         QVERIFY(dividends->tmrRename->isActive());
         dividends->tmrRename_Timer();
         QCOMPARE(dividends->SelectedEntry(), u"Acme, Ordinary 1p new (FID)"_qs);

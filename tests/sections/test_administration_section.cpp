@@ -120,17 +120,17 @@ private Q_SLOTS:
     void anOfficeIsPickedFromTheList() {
         frmAdministration* screen = OpenAdministration();
         WithModal([&] { screen->cm3Select->click(); },
-                [&](QWidget* dialog) {
-                    auto* select = qobject_cast<frmSelectOffice*>(dialog);
-                    QCOMPARE(select->windowTitle(), u"Select Tax Office"_qs);
-                    QVERIFY(!select->cm3OK->isEnabled());
-                    services_->messages.Answer(vbOK);
-                    select->cm3Seek[25]->click();
-                    QCOMPARE(services_->messages.Last().prompt,
-                             u"No tax office name beginning with Z"_qs);
-                    ClickEntry(select->lstOffices, 3);
-                    select->cm3OK->click();
-                });
+                  [&](QWidget* dialog) {
+                      auto* select = qobject_cast<frmSelectOffice*>(dialog);
+                      QCOMPARE(select->windowTitle(), u"Select Tax Office"_qs);
+                      QVERIFY(!select->cm3OK->isEnabled());
+                      services_->messages.Answer(vbOK);
+                      select->cm3Seek[25]->click();
+                      QCOMPARE(services_->messages.Last().prompt,
+                               u"No tax office name beginning with Z"_qs);
+                      ClickEntry(select->lstOffices, 3);
+                      select->cm3OK->click();
+                  });
         QCOMPARE(screen->txtTOfficeNo->text(), u"993"_qs);
         QCOMPARE(screen->txtTOfficeName->text(), u"Sample Tax Office C"_qs);
         SaveScreenshot(screen, QStringLiteral("administration.png"));

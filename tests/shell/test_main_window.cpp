@@ -203,9 +203,7 @@ private Q_SLOTS:
         }
         registerStandIn(QStringLiteral("frmClientRecords"));
     }
-    void everyCommandReachesARegisteredForm() {
-        QCOMPARE(unregisteredForms, QStringList());
-    }
+    void everyCommandReachesARegisteredForm() { QCOMPARE(unregisteredForms, QStringList()); }
     void init() {
         closedForms.clear();
         refusingForms.clear();
